@@ -1,0 +1,6 @@
+#include "state.h"
+
+MirvalState &mirval_state() {
+  static MirvalState state;
+  return state;
+}

@@ -1,0 +1,46 @@
+// String helpers and the caller's registration: small utilities with no drawing.
+#include "mirval.h"
+#include "state.h"
+
+#include <cstring>
+
+extern "C" {
+
+void mirlog(const char *name) {
+  qqscpy(mirval_state().program, name ? name : "", sizeof mirval_state().program - 1);
+}
+
+int getlev(void) { return mirval_state().level; }
+
+void upstr(char *text) {
+  if (!text) return;
+  for (; *text; ++text)
+    if (*text >= 'a' && *text <= 'z') *text = static_cast<char>(*text - 'a' + 'A');
+}
+
+// Copies at most max characters and always terminates: dst must hold max + 1 bytes.
+void qqscpy(char *dst, const char *src, int max) {
+  if (!dst) return;
+  int n = 0;
+  if (src)
+    for (; n < max && src[n]; ++n) dst[n] = src[n];
+  dst[n < 0 ? 0 : n] = '\0';
+}
+
+// Appends so that the result holds at most max characters.
+void qqscat(char *dst, const char *src, int max) {
+  if (!dst) return;
+  int n = static_cast<int>(std::strlen(dst));
+  if (src)
+    for (; n < max && *src; ++n) dst[n] = *src++;
+  if (n <= max) dst[n] = '\0';
+}
+
+int trmlen(const char *text) {
+  if (!text) return 0;
+  int n = static_cast<int>(std::strlen(text));
+  while (n > 0 && text[n - 1] == ' ') --n;
+  return n;
+}
+
+}
