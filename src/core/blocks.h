@@ -1,0 +1,14 @@
+// Block statements and jumps: IF/ELSEIF/ELSE/END IF, DO and WHILE loops, SWITCH/CASE,
+// BREAK, CONTINUE, labels and GOTO.
+#pragma once
+
+extern int iflev, ilplev, iswlev;
+
+// Each is offered every statement; 0 when the statement was its own, 1 otherwise.
+int exec_if(int tok2, const char *word);
+int exec_loop(int tok2, const char *word);
+int exec_switch(int tok2, const char *word);
+int exec_label(const char *name);
+int break_zkl();
+int continue_zkl();
+int goto_zkl();

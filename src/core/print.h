@@ -1,0 +1,5 @@
+// PRINT and PRINTL.
+#pragma once
+
+int print_zkl();
+int printl_zkl();
