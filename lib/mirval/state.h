@@ -1,18 +1,166 @@
-// The library's one state record, split into named parts. Each part is a plain record;
-// the drawing engine adds its parts (page, pen, text, axes, legend, 3-D ...) here.
+// The library's one state record, split into named parts. Each part is a plain record whose
+// member initialisers are the defaults, so that RESET can restore a field from a fresh part.
 #pragma once
+#include "fonts.h"
+#include "scene.h"
+
+#include <array>
 #include <cstdio>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
 
 struct MessageState {
   bool warnings = true;   // ERRMOD('ALL'/'WARNINGS', 'OFF') clears it
   bool to_file = false;   // ERRDEV('FILE')
   FILE *fp = nullptr;     // the ERRFIL file once opened
+  std::string file = "mirval.err";  // ERRFIL
+};
+
+enum class Format { PNG, PPM, BMP, TIFF, GIF, PDF, SVG, PS, EPS };
+
+// Output and page: everything fixed before MIRINI.
+struct PageState {
+  Format format = Format::PNG;
+  bool format_chosen = false;      // METAFL was called
+  bool screen = false;             // 'CONS' or 'XWIN' was asked for
+  std::string file;                // SETFIL; empty: mirval.<ext>
+  std::string used;                // the name actually written (GETFIL)
+  int filmod = 0;                  // 0 DELETE, 1 VERSION, 2 BREAK
+  bool refused = false;            // FILMOD 'BREAK' met an existing file: write nothing
+  int width = 2970, height = 2100; // page size in plot units
+  bool bottom = false;             // PAGORG('BOTTOM'): plot y counts up from the lower edge
+  int win_w = 0, win_h = 0;        // WINSIZ; 0 means 0.4 pixel per plot unit
+  bool reverse = false;            // SCRMOD('REVERSE'): white on black
+  int xres = 1, yres = 1;          // SETRES: size of colour points
+  std::set<std::string> reserved;  // GFILNN: names the caller writes itself
+  bool exit_hook = false;          // the atexit completion is registered
+};
+
+// A rectangle in page coordinates (plot units, y downwards from the upper edge).
+struct Rect {
+  double x0 = 0, y0 = 0, x1 = 0, y1 = 0;
+};
+
+enum class ClipMode { Axis, Page, Window };
+
+struct PenState {
+  bool fore = true;                // the foreground colour, whatever SCRMOD says
+  Rgb rgb;                         // the colour when fore is false
+  int index = -1;                  // colour table entry it came from, -1 for RGB
+  double width = 1;                // LINWID/PENWID in plot units
+  int style = 0;                   // LINTYP 0..7; -1 for MYLINE
+  std::vector<double> dash;        // the current pattern in plot units; empty: solid
+  int thick = 1;                   // THKCRV: curves drawn this many times as wide
+  int pattern = 0;                 // SHDPAT: 0 outline only, 1..15 hatching, 16 solid
+  int frame = 1;                   // FRAME: width of frames in plot units, 0 none
+  ClipMode clip = ClipMode::Axis;  // CLPBOR, CLPWIN, NOCLIP
+  Rect window;                     // the CLPWIN rectangle
+};
+
+struct ColourState {
+  std::array<Rgb, 256> table{};    // filled by SETVLT at start
+  std::string name = "RAIN";
+  bool loaded = false;
+};
+
+enum class Just { Left, Center, Right };
+
+struct TextState {
+  int height = 36;                 // capital height in plot units
+  double angle = 0;                // degrees, counter-clockwise
+  FontSpec font;
+  Just just = Just::Left;          // TXTJUS
+};
+
+enum class LabelType { Float, Exp, Fexp, Log, None };
+
+// Settings of one axis (X, Y or Z) that apply to the next axis system.
+struct AxisSettings {
+  bool log = false;                // AXSSCL/SCALE
+  LabelType labels = LabelType::Float;
+  int digits = -1;                 // decimals of the labels, -1 automatic
+  int ticks = 2;                   // tick intervals between labels
+  std::string name;                // NAME
+  int namdis = 30;                 // NAMDIS: gap between labels and name
+  bool autoscale = false;          // SETSCL: the next GRAF takes its range from data
+  double data_min = 0, data_max = 1;
+};
+
+// The axis system in force at level 2: the ranges GRAF settled on and where they sit.
+struct AxisRange {
+  double a = 0, e = 1, org = 0, step = 1;  // ends, first label, label step (log: exponents)
+  bool log = false;
+};
+
+struct AxesState {
+  std::array<AxisSettings, 3> axis;
+  int posx = 450, posy = 1800;     // AXSPOS: lower left corner (plot coordinates)
+  std::array<int, 3> len{2200, 1200, 1200};  // AXSLEN, AX3LEN
+  int ticlen_major = 24, ticlen_minor = 16;
+  int ticpos = 0;                  // TICPOS: 0 outwards (label side), 1 inwards, 2 both
+  std::array<std::string, 4> title;  // TITLIN lines 1..4
+  int htitle = 44, hname = 36;
+  int vkytit = 0;                  // extra gap between the title and the axis system
+  std::array<int, 4> sides{3, 3, 1, 1};  // SETGRF: 0 NONE 1 LINE 2 TICKS 3 LABELS 4 NAME
+  // the current axis system
+  std::array<AxisRange, 2> range;
+  Rect box;                        // its rectangle on the page
+};
+
+enum class Interp { Linear, Step, Stairs, Bars, Stem, Spline };
+
+struct CurveState {
+  int incmrk = 0;
+  int marker = 0;
+  int hsymbl = 35;
+  Interp interp = Interp::Linear;
+  bool check = true;               // NOCHEK turns the count of outside points off
+  int change = 0;                  // CHNCRV: bit 1 colour, bit 2 line style
+  int changed = 0;                 // curves drawn since the cycle began
+};
+
+// How a curve looked, so that the legend can show it.
+struct CurveLook {
+  Rgb rgb;
+  double width = 1;
+  std::vector<double> dash;
+  int incmrk = 0, marker = 0;
+};
+
+struct LegendState {
+  int lines = 0, chars = 0;        // LEGINI
+  std::string title = "Legend";
+  bool placed = false;             // LEGPOS given
+  int x = 0, y = 0;
+  double sample = 4.0, gap = 0.5, spacing = 0.7;  // LEGOPT, in character heights
+  bool text_colours = false;       // LEGCLR
+  std::vector<CurveLook> curves;   // every curve of the page, in order
+};
+
+// 3-D settings kept for the quick plots until the 3-D part draws with them.
+struct Space3D {
+  float box[3] = {2, 2, 2};        // AXIS3D
+  float view[3] = {4, -5, 4};      // VIEW3D
+  std::string view_mode = "ABS";
+  std::map<std::string, std::string> shading;  // SHDMOD: target -> mode
 };
 
 struct MirvalState {
   int level = 0;          // 0 closed, 1 page open, 2 2-D axis system, 3 3-D axis system
   char program[81] = {};  // the caller's name given to mirlog
   MessageState msg;
+  PageState page;
+  PenState pen;
+  ColourState colours;
+  TextState text;
+  AxesState axes;
+  CurveState curve;
+  LegendState legend;
+  Space3D space;
+  Scene scene;
+  FontTable fonts;
 };
 
 MirvalState &mirval_state();

@@ -1,12 +1,15 @@
-// String helpers and the caller's registration: small utilities with no drawing.
+// String helpers and the caller's registrations: small utilities with no drawing.
 #include "mirval.h"
 #include "state.h"
+#include "trace.h"
 
+#include <algorithm>
 #include <cstring>
 
 extern "C" {
 
 void mirlog(const char *name) {
+  mv_tracef("mirlog(%s)", mv_tstr(name).c_str());
   qqscpy(mirval_state().program, name ? name : "", sizeof mirval_state().program - 1);
 }
 
@@ -24,16 +27,17 @@ void qqscpy(char *dst, const char *src, int max) {
   int n = 0;
   if (src)
     for (; n < max && src[n]; ++n) dst[n] = src[n];
-  dst[n < 0 ? 0 : n] = '\0';
+  dst[n] = '\0';
 }
 
-// Appends so that the result holds at most max characters.
+// Appends so that the result holds at most max characters (dst holds max + 1 bytes); a dst
+// already longer is cut too.
 void qqscat(char *dst, const char *src, int max) {
   if (!dst) return;
-  int n = static_cast<int>(std::strlen(dst));
+  int n = std::min(static_cast<int>(std::strlen(dst)), std::max(max, 0));
   if (src)
     for (; n < max && *src; ++n) dst[n] = *src++;
-  if (n <= max) dst[n] = '\0';
+  dst[n] = '\0';
 }
 
 int trmlen(const char *text) {
@@ -43,4 +47,4 @@ int trmlen(const char *text) {
   return n;
 }
 
-}
+}  // extern "C"

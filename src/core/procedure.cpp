@@ -14,3 +14,5 @@ int exec_init(const char *, int) {
   not_available("{...}");
   return -1;
 }
+int proc_argcnt() { return 0; }
+int proc_keycnt() { return 0; }

@@ -9,3 +9,6 @@ int end_zkl();
 int exec_include();
 int inczkl(const char *name);
 int exec_init(const char *name, int index);
+// Arguments and keyword arguments passed to the procedure now running (0 in the main script).
+int proc_argcnt();
+int proc_keycnt();
