@@ -67,7 +67,7 @@ void errmod(const char *cstr, const char *cmode);
 void freeptr(void);
 int getblk(void);
 int getdfl(void);
-int getlev(void);
+int getlev(void);                                            /* the level: 0 closed, 1 page, 2 2-D axes, 3 3-D axes (not traced) */
 double getver(void);
 void mirenv(const char *c);
 void mirfin(void);
@@ -538,7 +538,7 @@ void windbr(float x1, int n1, int n2, int n3, float x2);
 void legbgd(int n);
 void legclr(void);
 void legend(char *cbuf, int ncor);
-void legini(char *cbuf, int nlin, int nmaxln);
+void legini(char *cbuf, int nlin, int nmaxln);               /* cbuf holds nlin * nmaxln + 1 bytes */
 void leglin(char *cbuf, const char *cstr, int ilin);
 void legopt(float x1, float x2, float x3);
 void legpat(int n1, int n2, int n3, int n4, int n5, int n6);
@@ -701,7 +701,7 @@ void csrlin(int *nx1, int *ny1, int *nx2, int *ny2);
 void csrmod(const char *c1, const char *c2);
 void csrmov(int *nxray, int *nyray, int nmax, int *n, int *iret);
 void csrpol(int *nxray, int *nyray, int nmax, int *n, int *iret);
-int csrpos(int *nx, int *ny);
+int csrpos(int *nx, int *ny);                                /* moves the cursor from (nx, ny); returns the key */
 void csrpt1(int *nx, int *ny);
 void csrpts(int *nxray, int *nyray, int nmax, int *n, int *iret);
 void csrrec(int *nx1, int *ny1, int *nx2, int *ny2);
@@ -859,31 +859,31 @@ int wgtxt(int n, const char *c);
 
 /* Files, texts, numbers, sorting and bits. */
 void basdat(int n1, int n2, int n3);
-short bitsi2(int nbits, short mher, int iher, short mhin, int ihin);
-int bitsi4(int nbits, int mher, int iher, int mhin, int ihin);
+short bitsi2(int nbits, short mher, int iher, short mhin, int ihin); /* mhin with bits iher.. of mher put at ihin.. */
+int bitsi4(int nbits, int mher, int iher, int mhin, int ihin); /* the same for 32 bits; bit 0 is the lowest */
 int closfl(int nu);
-int fcha(float x, int ndig, char *cstr);
+int fcha(float x, int ndig, char *cstr);                     /* x with ndig decimals; returns the length (not traced) */
 int filsiz(const char *cfil, int *nw, int *nh);
 int filtyp(const char *c);
-int flen(float x, int ndig);
+int flen(float x, int ndig);                                 /* the length fcha would write */
 int incdat(int iday, int imon, int iyear);
-int intcha(int n, char *cstr);
-int intlen(int n);
-void itmcat(char *clis, const char *cstr);
-int itmcnt(const char *clis);
-void itmncat(char *clis, int nmax, const char *cstr);
-const char *itmstr(const char *clis, int nlis);
+int intcha(int n, char *cstr);                               /* n as text; returns the length */
+int intlen(int n);                                           /* the length intcha would write */
+void itmcat(char *clis, const char *cstr);                   /* appends an item to a '|'-separated list */
+int itmcnt(const char *clis);                                /* the number of items; 0 for "" */
+void itmncat(char *clis, int nmax, const char *cstr);        /* the same within a buffer of nmax bytes */
+const char *itmstr(const char *clis, int nlis);              /* item nlis, counted from 1 */
 int nwkday(int iday, int imon, int iyear);
 int openfl(const char *cfil, int nlu, int irw);
 int posifl(int nu, int nbyte);
 int readfl(int nu, void *iray, int nmax);
 int skipfl(int nu, int nbyte);
-void sortr1(float *xray, int n, const char *copt);
-void sortr2(float *xray, float *yray, int n, const char *copt);
-void swapi2(short *iray, int n);
-void swapi4(int *iray, int n);
+void sortr1(float *xray, int n, const char *copt);           /* sorts in place: 'A' ascending, 'D' descending */
+void sortr2(float *xray, float *yray, int n, const char *copt); /* sorts by xray, yray carried along */
+void swapi2(short *iray, int n);                             /* swaps the bytes of n values in place */
+void swapi4(int *iray, int n);                               /* swaps the bytes of n values in place */
 int tellfl(int nu);
-void upstr(char *cstr);
+void upstr(char *cstr);                                      /* upper-cases in place (not traced) */
 int writfl(int nu, const void *iray, int nmax);
 
 #ifdef __cplusplus

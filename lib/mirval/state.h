@@ -82,10 +82,11 @@ struct AxisSettings {
   LabelType labels = LabelType::Float;
   int digits = -1;                 // decimals of the labels, -1 automatic
   int ticks = 2;                   // tick intervals between labels
+  int ticpos = 0;                  // TICPOS: 0 outwards (label side), 1 inwards, 2 both
   std::string name;                // NAME
   int namdis = 30;                 // NAMDIS: gap between labels and name
   bool autoscale = false;          // SETSCL: the next GRAF takes its range from data
-  double data_min = 0, data_max = 1;
+  double data_min = 0, data_max = 1, data_minpos = 1;  // data_minpos: least positive value
 };
 
 // The axis system in force at level 2: the ranges GRAF settled on and where they sit.
@@ -99,14 +100,15 @@ struct AxesState {
   int posx = 450, posy = 1800;     // AXSPOS: lower left corner (plot coordinates)
   std::array<int, 3> len{2200, 1200, 1200};  // AXSLEN, AX3LEN
   int ticlen_major = 24, ticlen_minor = 16;
-  int ticpos = 0;                  // TICPOS: 0 outwards (label side), 1 inwards, 2 both
   std::array<std::string, 4> title;  // TITLIN lines 1..4
   int htitle = 44, hname = 36;
   int vkytit = 0;                  // extra gap between the title and the axis system
-  std::array<int, 4> sides{3, 3, 1, 1};  // SETGRF: 0 NONE 1 LINE 2 TICKS 3 LABELS 4 NAME
+  std::array<int, 4> sides{4, 4, 2, 2};  // SETGRF: 0 NONE 1 LINE 2 TICKS 3 LABELS 4 NAME
+  std::map<std::string, LabelType> other_labels;  // LABELS for 'CONTOUR', 'BAR' ...
   // the current axis system
   std::array<AxisRange, 2> range;
   Rect box;                        // its rectangle on the page
+  double title_room = 0;           // how far its upper side's ticks and labels reach up
 };
 
 enum class Interp { Linear, Step, Stairs, Bars, Stem, Spline };

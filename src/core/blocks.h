@@ -12,3 +12,5 @@ int exec_label(const char *name);
 int break_zkl();
 int continue_zkl();
 int goto_zkl();
+// The label a forward GOTO is still searching for, or null.
+const char *pending_label();

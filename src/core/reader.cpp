@@ -15,6 +15,12 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <unistd.h>
+
+#ifdef HAVE_READLINE
+#include <readline/history.h>
+#include <readline/readline.h>
+#endif
 
 int g_intact = 0, iactive = 0, iinp = 0, iverb = 0, ioutwn = 0;
 int g_idev = 0, g_idata = 0, inclfl = 0;
@@ -238,7 +244,39 @@ static void finish_statement() {
   inquote = 0;
 }
 
+#ifdef HAVE_READLINE
+// At a terminal the user gets line editing and a history; the line read is handed out as
+// records exactly as a file would give it.
+static bool read_terminal() {
+  static char *line = nullptr;
+  static size_t pos = 0, len = 0;
+  if (!line) {
+    line = readline("ZKL> ");
+    if (!line) return false;
+    if (*line) add_history(line);
+    pos = 0;
+    len = std::strlen(line);
+  }
+  size_t rest = len - pos;
+  size_t take = rest < RECLEN ? rest : RECLEN;
+  std::memcpy(crec, line + pos, take);
+  pos += take;
+  crec[take] = '\0';
+  if (take < RECLEN) {  // the line end belongs to the last record of the line
+    crec[take] = '\n';
+    crec[take + 1] = '\0';
+    std::free(line);
+    line = nullptr;
+  }
+  return true;
+}
+#endif
+
 static bool read_record() {
+#ifdef HAVE_READLINE
+  static const bool terminal = isatty(0);
+  if (g_intact == 1 && fp == stdin && terminal) return read_terminal();
+#endif
   if (g_intact == 1) {
     std::printf("ZKL> ");
     std::fflush(stdout);
@@ -289,4 +327,5 @@ void exec_file() {
     if (inext != 1 && !end_of_file()) break;
   }
   if (iflev != 0) error("Missing END IF");
+  if (const char *label = pending_label()) char_error("Label not found:", label);
 }

@@ -265,6 +265,7 @@ int exec_assign(const char *name) {
       varlist[result].type = T_INT;
       varlist[result].count = 1;
       varlist[result].value.i = 0;
+      set_result_var(result);
       return call_zkl(2, fname) ? 1 : 0;
     }
   } else {

@@ -1,0 +1,175 @@
+#include "draw.h"
+#include "clip.h"
+#include "device.h"
+
+#include <cmath>
+
+Rgb pen_rgb() {
+  const PenState &pen = mirval_state().pen;
+  return pen.fore ? fore_rgb() : pen.rgb;
+}
+
+double page_y(double y) {
+  const PageState &pg = mirval_state().page;
+  return pg.bottom ? pg.height - y : y;
+}
+
+Rect page_rect() {
+  const PageState &pg = mirval_state().page;
+  return {0, 0, double(pg.width), double(pg.height)};
+}
+
+Rect user_clip() {
+  const MirvalState &st = mirval_state();
+  switch (st.pen.clip) {
+    case ClipMode::Axis: return st.level >= 2 ? st.axes.box : page_rect();
+    case ClipMode::Window: return st.pen.window;
+    default: return page_rect();
+  }
+}
+
+Rect plot_clip() {
+  const MirvalState &st = mirval_state();
+  return st.pen.clip == ClipMode::Window ? st.pen.window : page_rect();
+}
+
+void add_item(Item it) {
+  Scene &sc = mirval_state().scene;
+  if (sc.pages.empty()) sc.pages.emplace_back();
+  sc.current().items.push_back(std::move(it));
+}
+
+void stroke_polyline(const std::vector<Pt> &pts, const Rect &clip, Rgb rgb, double width,
+                     const std::vector<double> &dash) {
+  Item it;
+  it.kind = ItemKind::Stroke;
+  it.rgb = rgb;
+  it.width = width;
+  it.dash = dash;
+  for (const std::vector<Pt> &piece : clip_polyline(pts, clip)) {
+    it.path.move(piece[0]);
+    for (size_t i = 1; i < piece.size(); ++i) it.path.line(piece[i]);
+  }
+  if (!it.path.empty()) add_item(std::move(it));
+}
+
+void stroke_polyline(const std::vector<Pt> &pts, const Rect &clip) {
+  const PenState &pen = mirval_state().pen;
+  stroke_polyline(pts, clip, pen_rgb(), pen.width, pen.dash);
+}
+
+void stroke_path(const Path &p) {
+  if (p.empty()) return;
+  const PenState &pen = mirval_state().pen;
+  Item it;
+  it.kind = ItemKind::Stroke;
+  it.rgb = pen_rgb();
+  it.width = pen.width;
+  it.dash = pen.dash;
+  it.path = p;
+  add_item(std::move(it));
+}
+
+void fill_path(const Path &p, Rgb rgb) {
+  if (p.empty()) return;
+  Item it;
+  it.kind = ItemKind::Fill;
+  it.rgb = rgb;
+  it.path = p;
+  add_item(std::move(it));
+}
+
+void shape_path(const Path &p) {
+  const PenState &pen = mirval_state().pen;
+  if (pen.pattern >= 16) {
+    fill_path(p, pen_rgb());
+  } else if (pen.pattern > 0) {
+    Item it;
+    it.kind = ItemKind::Hatch;
+    it.rgb = pen_rgb();
+    it.width = pen.width;
+    it.hatch = pen.pattern;
+    it.path = p;
+    add_item(std::move(it));
+  }
+  stroke_path(p);
+}
+
+Path polygon_path(const std::vector<Pt> &poly, const Rect &clip) {
+  Path p;
+  std::vector<Pt> finite;
+  for (Pt q : poly)
+    if (std::isfinite(q.x) && std::isfinite(q.y)) finite.push_back(q);
+  std::vector<Pt> cut = clip_polygon(finite, clip);
+  if (cut.size() < 2) return p;
+  p.move(cut[0]);
+  for (size_t i = 1; i < cut.size(); ++i) p.line(cut[i]);
+  p.close();
+  return p;
+}
+
+void arc_path(Path &p, Pt c, double a, double b, double alpha, double beta, double theta, bool start) {
+  const double rad = M_PI / 180;
+  double ct = std::cos(theta * rad), st = std::sin(theta * rad);
+  // a point of the unturned ellipse at angle t, turned and put into page coordinates
+  auto at = [&](double fx, double fy) {
+    double x = a * fx, y = b * fy;
+    return Pt{c.x + x * ct - y * st, c.y - (x * st + y * ct)};
+  };
+  double span = beta - alpha;
+  int n = std::max(1, static_cast<int>(std::ceil(std::fabs(span) / 90)));
+  double step = span / n * rad, k = 4.0 / 3.0 * std::tan(step / 4);
+  double t = alpha * rad;
+  if (start) p.move(at(std::cos(t), std::sin(t)));
+  else p.line(at(std::cos(t), std::sin(t)));
+  for (int i = 0; i < n; ++i, t += step) {
+    double c0 = std::cos(t), s0 = std::sin(t), c1 = std::cos(t + step), s1 = std::sin(t + step);
+    p.curve(at(c0 - k * s0, s0 + k * c0), at(c1 + k * s1, s1 - k * c1), at(c1, s1));
+  }
+}
+
+namespace {
+
+// The subpaths of a path as point lists, Bezier segments flattened.
+std::vector<std::vector<Pt>> flatten(const Path &p) {
+  std::vector<std::vector<Pt>> out;
+  size_t k = 0;
+  for (SegOp op : p.ops) {
+    if (op == SegOp::Move) {
+      out.push_back({p.pts[k++]});
+    } else if (op == SegOp::Line) {
+      out.back().push_back(p.pts[k++]);
+    } else if (op == SegOp::Curve) {
+      Pt a = out.back().back(), b = p.pts[k], c = p.pts[k + 1], d = p.pts[k + 2];
+      for (int i = 1; i <= 16; ++i) {
+        double t = i / 16.0, u = 1 - t;
+        double w0 = u * u * u, w1 = 3 * u * u * t, w2 = 3 * u * t * t, w3 = t * t * t;
+        out.back().push_back({w0 * a.x + w1 * b.x + w2 * c.x + w3 * d.x, w0 * a.y + w1 * b.y + w2 * c.y + w3 * d.y});
+      }
+      k += 3;
+    }
+  }
+  return out;
+}
+
+}  // namespace
+
+Path fit_path(const Path &p, const Rect &clip, bool closed) {
+  bool within = true;
+  for (Pt q : p.pts) within = within && std::isfinite(q.x) && std::isfinite(q.y) && inside(q, clip);
+  if (within) return p;
+  Path out;
+  for (const std::vector<Pt> &sub : flatten(p)) {
+    if (closed) {
+      Path piece = polygon_path(sub, clip);
+      out.ops.insert(out.ops.end(), piece.ops.begin(), piece.ops.end());
+      out.pts.insert(out.pts.end(), piece.pts.begin(), piece.pts.end());
+      continue;
+    }
+    for (const std::vector<Pt> &line : clip_polyline(sub, clip)) {
+      out.move(line[0]);
+      for (size_t i = 1; i < line.size(); ++i) out.line(line[i]);
+    }
+  }
+  return out;
+}

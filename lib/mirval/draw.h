@@ -1,0 +1,35 @@
+// Drawing with the current pen: the routines of every concern turn their geometry into
+// items of the current page through these helpers.
+#pragma once
+#include "scene.h"
+#include "state.h"
+
+#include <vector>
+
+Rgb pen_rgb();
+// Page y of a plot y (PAGORG('BOTTOM') counts from the lower edge) and back.
+double page_y(double y);
+Rect page_rect();
+// Where drawing in user coordinates is cut: the axis system, a window or the page.
+Rect user_clip();
+// Where drawing in plot coordinates is cut: the CLPWIN window or the page.
+Rect plot_clip();
+
+void add_item(Item it);
+// Strokes a polyline with the pen (or the given width and pattern), cut to the rectangle.
+void stroke_polyline(const std::vector<Pt> &pts, const Rect &clip);
+void stroke_polyline(const std::vector<Pt> &pts, const Rect &clip, Rgb rgb, double width,
+                     const std::vector<double> &dash);
+void stroke_path(const Path &p);
+// Fills a path in one colour.
+void fill_path(const Path &p, Rgb rgb);
+// A closed shape as SHDPAT wants it: hatched or filled in the pen colour, then outlined.
+void shape_path(const Path &p);
+// Polygons cut to a rectangle, as paths.
+Path polygon_path(const std::vector<Pt> &poly, const Rect &clip);
+// An ellipse arc around c with half axes a, b from alpha to beta degrees (counter-clockwise),
+// the whole figure turned by theta; as Bezier segments appended to p.
+void arc_path(Path &p, Pt c, double a, double b, double alpha, double beta, double theta, bool start);
+// A path as it may be drawn inside a rectangle: unchanged when it lies within, otherwise
+// flattened and cut (closed shapes as polygons, open ones as polylines).
+Path fit_path(const Path &p, const Rect &clip, bool closed);

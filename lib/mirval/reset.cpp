@@ -1,0 +1,124 @@
+// RESET: returns a setting, named by the routine that makes it, to its default. The defaults
+// are the member initialisers of the state parts, so each entry copies from a fresh part.
+#include "messages.h"
+#include "mirval.h"
+#include "state.h"
+#include "trace.h"
+
+#include <strings.h>
+
+namespace {
+
+using Reset = void (*)(MirvalState &);
+
+struct Entry {
+  const char *names;  // the routines whose setting it restores, separated by blanks
+  Reset fn;
+};
+
+const PenState pen0;
+const TextState text0;
+const AxesState axes0;
+const CurveState curve0;
+const LegendState legend0;
+const PageState page0;
+
+void each_axis(MirvalState &s, void (*f)(AxisSettings &, const AxisSettings &)) {
+  for (int i = 0; i < 3; ++i) f(s.axes.axis[i], axes0.axis[i]);
+}
+
+const Entry entries[] = {
+    {"SETSCL", [](MirvalState &s) { each_axis(s, [](AxisSettings &a, const AxisSettings &d) { a.autoscale = d.autoscale; }); }},
+    {"AXSSCL SCALE", [](MirvalState &s) { each_axis(s, [](AxisSettings &a, const AxisSettings &d) { a.log = d.log; }); }},
+    {"LABELS", [](MirvalState &s) { each_axis(s, [](AxisSettings &a, const AxisSettings &d) { a.labels = d.labels; }); s.axes.other_labels.clear(); }},
+    {"DIGITS LABDIG", [](MirvalState &s) { each_axis(s, [](AxisSettings &a, const AxisSettings &d) { a.digits = d.digits; }); }},
+    {"TICKS", [](MirvalState &s) { each_axis(s, [](AxisSettings &a, const AxisSettings &d) { a.ticks = d.ticks; }); }},
+    {"TICPOS", [](MirvalState &s) { each_axis(s, [](AxisSettings &a, const AxisSettings &d) { a.ticpos = d.ticpos; }); }},
+    {"NAME", [](MirvalState &s) { each_axis(s, [](AxisSettings &a, const AxisSettings &d) { a.name = d.name; }); }},
+    {"NAMDIS", [](MirvalState &s) { each_axis(s, [](AxisSettings &a, const AxisSettings &d) { a.namdis = d.namdis; }); }},
+    {"AXSPOS", [](MirvalState &s) { s.axes.posx = axes0.posx, s.axes.posy = axes0.posy; }},
+    {"AXSLEN AX3LEN", [](MirvalState &s) { s.axes.len = axes0.len; }},
+    {"TICLEN", [](MirvalState &s) { s.axes.ticlen_major = axes0.ticlen_major, s.axes.ticlen_minor = axes0.ticlen_minor; }},
+    {"TITLIN", [](MirvalState &s) { s.axes.title = axes0.title; }},
+    {"HTITLE", [](MirvalState &s) { s.axes.htitle = axes0.htitle; }},
+    {"HNAME", [](MirvalState &s) { s.axes.hname = axes0.hname; }},
+    {"VKYTIT", [](MirvalState &s) { s.axes.vkytit = axes0.vkytit; }},
+    {"SETGRF", [](MirvalState &s) { s.axes.sides = axes0.sides; }},
+    {"HEIGHT", [](MirvalState &s) { s.text.height = text0.height; }},
+    {"ANGLE", [](MirvalState &s) { s.text.angle = text0.angle; }},
+    {"TXTJUS", [](MirvalState &s) { s.text.just = text0.just; }},
+    {"SIMPLX COMPLX DUPLX TRIPLX HELVE HELVES HELVET SERIF PSFONT TTFONT", [](MirvalState &s) { s.text.font = text0.font; }},
+    {"COLOR SETRGB SETCLR", [](MirvalState &s) { s.pen.fore = pen0.fore, s.pen.rgb = pen0.rgb, s.pen.index = pen0.index; }},
+    {"SETVLT MYVLT SETIND", [](MirvalState &s) { s.colours = ColourState{}; }},
+    {"LINWID PENWID", [](MirvalState &s) { s.pen.width = pen0.width; }},
+    {"LINTYP SOLID DOT DASH CHNDOT CHNDSH DOTL DASHM DASHL MYLINE", [](MirvalState &s) { s.pen.style = pen0.style, s.pen.dash = pen0.dash; }},
+    {"THKCRV", [](MirvalState &s) { s.pen.thick = pen0.thick; }},
+    {"SHDPAT", [](MirvalState &s) { s.pen.pattern = pen0.pattern; }},
+    {"FRAME", [](MirvalState &s) { s.pen.frame = pen0.frame; }},
+    {"NOCLIP CLPBOR CLPWIN", [](MirvalState &s) { s.pen.clip = pen0.clip, s.pen.window = pen0.window; }},
+    {"INCMRK", [](MirvalState &s) { s.curve.incmrk = curve0.incmrk; }},
+    {"MARKER", [](MirvalState &s) { s.curve.marker = curve0.marker; }},
+    {"HSYMBL", [](MirvalState &s) { s.curve.hsymbl = curve0.hsymbl; }},
+    {"POLCRV", [](MirvalState &s) { s.curve.interp = curve0.interp; }},
+    {"NOCHEK", [](MirvalState &s) { s.curve.check = curve0.check; }},
+    {"CHNCRV", [](MirvalState &s) { s.curve.change = curve0.change, s.curve.changed = curve0.changed; }},
+    {"LEGTIT", [](MirvalState &s) { s.legend.title = legend0.title; }},
+    {"LEGPOS", [](MirvalState &s) { s.legend.placed = legend0.placed; }},
+    {"LEGOPT", [](MirvalState &s) { s.legend.sample = legend0.sample, s.legend.gap = legend0.gap, s.legend.spacing = legend0.spacing; }},
+    {"LEGCLR", [](MirvalState &s) { s.legend.text_colours = legend0.text_colours; }},
+    {"AXIS3D", [](MirvalState &s) { std::copy(Space3D{}.box, Space3D{}.box + 3, s.space.box); }},
+    {"VIEW3D", [](MirvalState &s) { Space3D d; std::copy(d.view, d.view + 3, s.space.view), s.space.view_mode = d.view_mode; }},
+    {"SHDMOD", [](MirvalState &s) { s.space.shading.clear(); }},
+    {"SETRES", [](MirvalState &s) { s.page.xres = page0.xres, s.page.yres = page0.yres; }},
+};
+
+// Output settings can change only while no page is open.
+const Entry page_entries[] = {
+    {"METAFL", [](MirvalState &s) { s.page.format = page0.format, s.page.screen = page0.screen, s.page.format_chosen = page0.format_chosen; }},
+    {"SETFIL", [](MirvalState &s) { s.page.file = page0.file; }},
+    {"FILMOD", [](MirvalState &s) { s.page.filmod = page0.filmod; }},
+    {"PAGE SETPAG", [](MirvalState &s) { s.page.width = page0.width, s.page.height = page0.height; }},
+    {"PAGORG", [](MirvalState &s) { s.page.bottom = page0.bottom; }},
+    {"WINSIZ", [](MirvalState &s) { s.page.win_w = page0.win_w, s.page.win_h = page0.win_h; }},
+    {"SCRMOD", [](MirvalState &s) { s.page.reverse = page0.reverse; }},
+};
+
+bool names(const char *list, const char *name) {
+  std::string l = list, n = name;
+  for (size_t at = 0; at < l.size();) {
+    size_t end = l.find(' ', at);
+    if (end == std::string::npos) end = l.size();
+    if (strcasecmp(l.substr(at, end - at).c_str(), n.c_str()) == 0) return true;
+    at = end + 1;
+  }
+  return false;
+}
+
+}  // namespace
+
+extern "C" {
+
+void reset(const char *cname) {
+  mv_tracef("reset(%s)", mv_tstr(cname).c_str());
+  MirvalState &s = mirval_state();
+  if (!cname) {
+    mv_warn("reset", "no setting named");
+    return;
+  }
+  bool all = strcasecmp(cname, "ALL") == 0;
+  bool found = false;
+  for (const Entry &e : entries)
+    if (all || names(e.names, cname)) {
+      e.fn(s);
+      found = true;
+    }
+  for (const Entry &e : page_entries)
+    if (all || names(e.names, cname)) {
+      found = true;
+      if (s.level == 0) e.fn(s);
+      else if (!all) mv_warn("reset", "%s can be reset only before MIRINI", cname);
+    }
+  if (!found) mv_warn("reset", "unknown setting %s", cname);
+}
+
+}

@@ -1,0 +1,54 @@
+// The drawing model: every page is a list of items in page coordinates (plot units, origin at
+// the upper left corner, y downwards). Routines append items; every output replays them
+// through Cairo, so a file can be written again complete at any time.
+#pragma once
+#include <cstdint>
+#include <string>
+#include <vector>
+
+struct Rgb {
+  float r = 0, g = 0, b = 0;
+};
+
+struct Pt {
+  double x = 0, y = 0;
+};
+
+enum class SegOp : uint8_t { Move, Line, Curve, Close };
+
+// Move/line/curve path; a Curve segment uses three points (two controls and the end).
+struct Path {
+  std::vector<SegOp> ops;
+  std::vector<Pt> pts;
+  void move(Pt p);
+  void line(Pt p);
+  void curve(Pt c1, Pt c2, Pt p);
+  void close();
+  bool empty() const { return ops.empty(); }
+};
+
+enum class ItemKind : uint8_t { Stroke, Fill, Hatch, Text };
+
+struct Item {
+  ItemKind kind = ItemKind::Stroke;
+  Rgb rgb;
+  Path path;                  // Stroke, Fill, Hatch
+  double width = 1;           // Stroke and Hatch lines, plot units
+  std::vector<double> dash;   // Stroke
+  int hatch = 0;              // Hatch pattern 1..15
+  // Text: the run starts on its baseline at 'at', rotated by 'angle' degrees counter-clockwise
+  std::string text;
+  int font = 0;               // index into the font table (fonts.h)
+  double size = 0;            // font size in plot units
+  Pt at;
+  double angle = 0;
+};
+
+struct Page {
+  std::vector<Item> items;
+};
+
+struct Scene {
+  std::vector<Page> pages;    // NEWPAG starts another one
+  Page &current() { return pages.back(); }
+};
