@@ -251,6 +251,7 @@ int exec_assign(const char *name) {
     std::memcpy(fname, vlex.name, sizeof fname);
     int number = search_routine(fname, 2);
     if (number >= 0) {
+      lexan();  // the "(": the arguments follow
       if (exec_par(fname, number, 2)) return 1;
     }
     if (index >= 0) free_var(index);
