@@ -1,0 +1,7 @@
+# The same work as do_loop.zkl.
+s = 0
+x = 0.0
+for i in range(1, 1000001):
+    s = s + i % 7
+    x = x + i * 0.5
+print(s, x)
