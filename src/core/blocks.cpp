@@ -81,11 +81,12 @@ static int balancing_paren(const char *text) {
 }
 
 // Evaluates the condition after the first "(" of the statement; the lexer is left on the
-// token after it. INT 0 or 1 as the condition's truth.
+// token after it. 0 or 1 as the condition's truth, -1 when it is no INT (the statement then
+// has no further effect).
 static int condition() {
   const char *open = std::strchr(cpstmt, '(');
   init_lex(open ? open + 1 : "");
-  int value = 0;
+  int value = -1;
   if (parse(0) && g_nstack > 0) {
     if (stacklist[0].type != T_INT) error("Non integer value of logical expression");
     else value = stacklist[0].value.i != 0;
@@ -125,6 +126,7 @@ static int if_statement() {
     ++iflev;
   } else {
     int value = condition();
+    if (value < 0) return 0;
     if (ilex != TK_END) {  // a one-line IF: the rest is a statement of its own
       if (value == 0) return 0;
       int end = balancing_paren(cpstmt);
@@ -156,8 +158,10 @@ static int elseif_statement(const char *word) {
   if (ifind[level] == 1) {
     ivalue[level] = 0;
   } else {
-    ivalue[level] = condition();
-    if (ivalue[level]) ifind[level] = 1;
+    int value = condition();
+    if (value < 0) return 0;
+    ivalue[level] = value;
+    if (value) ifind[level] = 1;
     if (ilex != TK_END) error("Expected end of line");
   }
   check_if_levels(level);
@@ -304,10 +308,12 @@ static int while_statement(int tok2) {
   }
   parse(0);
   int value = 0;
+  bool ok = false;
   if (g_nstack != 1) error("Syntax error in WHILE statement");
   else if (stacklist[0].type != T_INT) error("Expression in WHILE statement must be of type INT");
-  else value = stacklist[0].value.i;
+  else value = stacklist[0].value.i, ok = true;
   free_stack(0);
+  if (!ok) return 0;
   d.skipped = 0;
   if (replaying()) {
     d.restart = nstptr;
@@ -466,10 +472,12 @@ static int switch_statement(int tok2) {
   }
   parse(0);
   int32_t value = 0;
+  bool ok = false;
   if (g_nstack != 1) error("Syntax error in SWITCH statement");
   else if (stacklist[0].type != T_INT) error("Expression in SWITCH statement must be of type INT");
-  else value = stacklist[0].value.i;
+  else value = stacklist[0].value.i, ok = true;
   free_stack(0);
+  if (!ok) return 0;
   s.value = value;
   s.skipped = 0;
   ++iswlev;
@@ -499,7 +507,7 @@ static int case_statement(int tok2) {
   }
   int sign = 1;
   int tok = tok2;
-  if (tok == TK_UMINUS) {
+  if (tok == TK_UMINUS || tok == '-') {  // after the word CASE the lexer sees a binary minus
     sign = -1;
     tok = lexan();
   }

@@ -131,7 +131,7 @@ int call_zkl(int kind, const char *name) {
     ++n;
     if (*key) ++nkey;
   }
-  if (nstptr == nstrec && inczkl(file) != 0) {
+  if (nstptr == nstrec && push_procedure(file) != 0) {
     drop_params(level);
     return 1;
   }
@@ -316,6 +316,7 @@ int end_zkl() {
     std::fclose(fpin[--nfpin]);
     fp = fpin[nfpin - 1];
     nrec = nrecnr[nfpin - 1];
+    inclop = included[nfpin - 1];
     if (nfpin == 1) g_intact = iactive;
   }
   g_nlevel = level - 1;
@@ -362,6 +363,11 @@ int extern_zkl() {
   return 0;
 }
 
+int push_procedure(const char *file) {
+  inclop = 0;  // a procedure file ends with its END, not as an included file
+  return inczkl(file);
+}
+
 int inczkl(const char *name) {
   if (nfpin >= MAXFILES) {
     error("Too many opened files");
@@ -380,6 +386,7 @@ int inczkl(const char *name) {
   nrec = 0;
   fp = f;
   fpin[nfpin] = f;
+  included[nfpin] = static_cast<unsigned char>(inclop);
   qqscpy(cinp[nfpin], opened, PATHLEN);
   ++nfpin;
   return 0;

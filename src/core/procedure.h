@@ -26,6 +26,8 @@ int extern_zkl();
 int end_zkl();
 int exec_include();
 int inczkl(const char *name);
+// Pushes the file of a procedure (not an included file) for CALL and callbacks.
+int push_procedure(const char *file);
 int exec_init(const char *name, int index);
 // The variable that receives the value of the function about to be called.
 void set_result_var(int index);

@@ -35,6 +35,7 @@ int inext = 1, inclop = 0;
 int ilog = 0;
 FILE *fplog = nullptr;
 unsigned char ilabop[8];
+unsigned char included[MAXFILES];
 
 static char crec[RECLEN + 1];
 static char cstmt[STMTLEN + 1];
@@ -297,6 +298,7 @@ static bool end_of_file() {
   inclop = 0;
   if (nfpin < 2) return false;
   std::fclose(fpin[--nfpin]);
+  inclop = included[nfpin - 1];  // the outer file may itself be an included one
   fp = fpin[nfpin - 1];
   nrec = nrecnr[nfpin - 1];
   clear_statement();

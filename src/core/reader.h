@@ -21,6 +21,8 @@ extern int inext, inclop;
 extern int ilog;
 extern FILE *fplog;
 extern unsigned char ilabop[8];
+// Per open file: it was opened by INCLUDE (inclop follows the file being read).
+extern unsigned char included[MAXFILES];
 
 int getlis(int argc, char **argv);
 FILE *open_file(const char *name);
