@@ -1,5 +1,6 @@
 // 2-D axis systems: GRAF places and draws one (axis lines, ticks, labels, names), TITLE puts
 // the title lines above it; the settings routines prepare the next one.
+#include "axes.h"
 #include "draw.h"
 #include "messages.h"
 #include "mirval.h"
@@ -10,6 +11,9 @@
 #include <algorithm>
 #include <cctype>
 #include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include <strings.h>
 
 namespace {
@@ -19,6 +23,13 @@ bool same(const char *a, const char *b) { return a && strcasecmp(a, b) == 0; }
 // A typographic minus sign in place of the hyphen that printf writes.
 std::string minus(std::string t) {
   if (!t.empty() && t[0] == '-') t.replace(0, 1, "\u2212");
+  return t;
+}
+
+// v with d decimals, without the point that 0 decimals would leave.
+std::string fixed(double v, int d) {
+  std::string t = number_text(v, d);
+  if (t.back() == '.') t.pop_back();
   return t;
 }
 
@@ -40,20 +51,17 @@ std::vector<Label> make_labels(const AxisSettings &s, const AxisRange &r) {
     Label l{at[i], "", ""};
     switch (s.labels) {
       case LabelType::Float:
-        l.text = number_text(v, r.log && s.digits < 0 ? needed_digits({v}) : std::max(common, 0));
-        if (l.text.back() == '.') l.text.pop_back();
+        l.text = fixed(v, r.log && s.digits < 0 ? needed_digits({v}) : common);
         break;
       case LabelType::Log:
         l.text = "10";
-        l.sup = number_text(at[i], needed_digits({at[i]}));
-        if (l.sup.back() == '.') l.sup.pop_back();
+        l.sup = fixed(at[i], needed_digits({at[i]}));
         break;
       case LabelType::Exp:
       case LabelType::Fexp: {
         int e = v == 0 ? 0 : static_cast<int>(std::floor(std::log10(std::fabs(v)) + 1e-9));
         double m = v / std::pow(10.0, e);
-        std::string mant = number_text(m, s.digits >= 0 ? s.digits : needed_digits({m}));
-        if (mant.back() == '.') mant.pop_back();
+        std::string mant = fixed(m, s.digits >= 0 ? s.digits : needed_digits({m}));
         if (s.labels == LabelType::Fexp) {
           char buf[16];
           std::snprintf(buf, sizeof buf, "E%+03d", e);
@@ -108,22 +116,38 @@ double along(int i, double v) {
   return i == 0 ? ax.box.x0 + f * (ax.box.x1 - ax.box.x0) : ax.box.y1 - f * (ax.box.y1 - ax.box.y0);
 }
 
-// Every m-th label, with m the least that keeps neighbours apart by 'gap'.
-std::vector<const Label *> thinned(const std::vector<Label> &labels, int axis, double h, double gap) {
+// Every m-th label, with m from 1, 2, 5, 10, 20 ... the least that keeps neighbours apart by
+// 'gap'; the labels kept are whole multiples of the wider step where the axis has them.
+std::vector<const Label *> thinned(const std::vector<Label> &labels, const AxisRange &r, int axis,
+                                   double h, double gap) {
   std::vector<double> pos, size;
   for (const Label &l : labels) {
     pos.push_back(along(axis, l.at));
     size.push_back(axis == 0 ? text_length(l.text, l.sup, h) : h);
   }
-  size_t stride = 1;
-  for (; stride < labels.size(); ++stride) {
-    bool fits = true;
-    for (size_t i = 0; i + stride < labels.size() && fits; i += stride)
-      fits = std::fabs(pos[i + stride] - pos[i]) >= (size[i] + size[i + stride]) / 2 + gap;
-    if (fits) break;
+  auto fits = [&](size_t stride, size_t first) {
+    for (size_t i = first; i + stride < labels.size(); i += stride)
+      if (std::fabs(pos[i + stride] - pos[i]) < (size[i] + size[i + stride]) / 2 + gap) return false;
+    return true;
+  };
+  size_t stride = 1, first = 0;
+  for (double scale = 1; stride < labels.size(); scale *= 10) {
+    bool done = false;
+    for (double m : {1.0, 2.0, 5.0}) {
+      stride = static_cast<size_t>(m * scale);
+      double wide = std::fabs(r.step) * stride;
+      first = 0;
+      for (size_t i = 0; i < std::min(stride, labels.size()); ++i)
+        if (std::fabs(std::remainder(labels[i].at, wide)) < wide * 1e-6) first = i;
+      if (fits(stride, first)) {
+        done = true;
+        break;
+      }
+    }
+    if (done) break;
   }
   std::vector<const Label *> out;
-  for (size_t i = 0; i < labels.size(); i += stride) out.push_back(&labels[i]);
+  for (size_t i = first; i < labels.size(); i += stride) out.push_back(&labels[i]);
   return out;
 }
 
@@ -160,14 +184,15 @@ double draw_side(int side) {
     reach = std::max(reach, to);
   };
   std::vector<Label> labels = make_labels(s, r);
-  std::vector<double> major;
-  for (double v : label_values(r)) major.push_back(v);
-  ticks(major, ax.ticlen_major);
-  ticks(minor_values(s, r), ax.ticlen_minor);
+  ticks(label_values(r), ax.ticlen_major);
+  std::vector<double> minor = minor_values(s, r);
+  double length = axis == 0 ? b.x1 - b.x0 : b.y1 - b.y0, span = std::fabs(r.e - r.a);
+  // minor ticks closer than 8 plot units would only blacken the axis
+  if (minor.size() < 2 || length * std::fabs(minor[1] - minor[0]) / span >= 8) ticks(minor, ax.ticlen_minor);
   if (mode == 2) return reach;
 
-  double h = st.text.height, gap = 0.6 * h, extent = reach + gap, widest = 0;
-  for (const Label *l : thinned(labels, axis, h, axis == 0 ? 1.2 * h : 0.6 * h)) {
+  double h = st.text.height, extent = reach + s.labdis, widest = 0;
+  for (const Label *l : thinned(labels, r, axis, h, axis == 0 ? 1.2 * h : 0.6 * h)) {
     Pt at = point(along(axis, l->at), extent);
     Just just = axis == 0 ? Just::Center : side == 1 ? Just::Right : Just::Left;
     VAlign va = side == 0 ? VAlign::Top : side == 2 ? VAlign::Base : VAlign::Middle;
@@ -185,6 +210,14 @@ double draw_side(int side) {
   return extent + s.namdis + ax.hname;
 }
 
+// The decimal number a float argument stands for (0.1f is meant as 0.1), so that label
+// positions do not drift over many steps.
+double decimal(float f) {
+  char buf[32];
+  std::snprintf(buf, sizeof buf, "%.7g", (double)f);
+  return std::strtod(buf, nullptr);
+}
+
 // How many label steps automatic scaling aims at: readable spacing, at most eight (decades on
 // log axes need less room).
 int target_intervals(int axis, double length, bool log) {
@@ -193,9 +226,10 @@ int target_intervals(int axis, double length, bool log) {
 }
 
 // The range GRAF draws for axis i: automatic scaling replaces the given one.
-bool settle_range(int i, float a, float e, float org, float step, double length, AxisRange &r) {
+bool settle_range(const char *routine, int i, float a, float e, float org, float step, double length,
+                  AxisRange &r) {
   const AxisSettings &s = mirval_state().axes.axis[i];
-  const char *letter = i == 0 ? "X" : "Y";
+  const char *letter = i == 0 ? "X" : i == 1 ? "Y" : "Z";
   if (s.autoscale) {
     double lo = s.log && s.data_min <= 0 ? s.data_minpos : s.data_min;
     double h = mirval_state().text.height;
@@ -208,17 +242,17 @@ bool settle_range(int i, float a, float e, float org, float step, double length,
     }
     return true;
   }
-  if (!std::isfinite(a) || !std::isfinite(e) || a == e) {
-    mv_warn("graf", "%s axis range %g to %g is empty", letter, (double)a, (double)e);
+  if (!std::isfinite(a) || !std::isfinite(e) || !std::isfinite(double(e) - a) || a == e) {
+    mv_warn(routine, "%s axis range %g to %g is empty", letter, (double)a, (double)e);
     return false;
   }
   r.log = s.log;
-  r.a = a;
-  r.e = e;
-  r.org = std::isfinite(org) ? org : a;
-  r.step = std::fabs(step);
+  r.a = decimal(a);
+  r.e = decimal(e);
+  r.org = std::isfinite(org) ? decimal(org) : r.a;
+  r.step = std::fabs(decimal(step));
   if (!(r.step > 0) || !std::isfinite(r.step) || std::fabs(e - a) / r.step > 1000) {
-    mv_warn("graf", "%s label step %g does not fit the range; a step is chosen", letter, (double)step);
+    mv_warn(routine, "%s label step %g does not fit the range; a step is chosen", letter, (double)step);
     AxisRange auto_r = auto_range(a, e, false, target_intervals(i, length, false));
     r.step = auto_r.step;
     r.org = std::ceil(std::min(a, e) / r.step - 1e-9) * r.step;
@@ -238,12 +272,6 @@ void for_axes(const char *routine, const char *cax, F f) {
   int bits = axes_of(routine, cax);
   for (int i = 0; i < 3; ++i)
     if (bits & (1 << i)) f(mirval_state().axes.axis[i]);
-}
-
-bool positive(const char *routine, int n) {
-  if (n > 0) return true;
-  mv_warn(routine, "value must be positive (got %d)", n);
-  return false;
 }
 
 // Lines at values of one axis across the axis system.
@@ -281,7 +309,47 @@ void zero_line(int axis) {
   across(1 - axis, {0.0});
 }
 
+struct LabelName {
+  const char *name;
+  LabelType type;
+};
+const LabelName label_names[] = {{"FLOAT", LabelType::Float}, {"EXP", LabelType::Exp},
+                                 {"FEXP", LabelType::Fexp},   {"LOG", LabelType::Log},
+                                 {"NONE", LabelType::None}};
+
+const char *label_name(LabelType t) {
+  for (const LabelName &n : label_names)
+    if (n.type == t) return n.name;
+  return "";
+}
+
 }  // namespace
+
+std::vector<AxisLabel> axis_labels(const AxisSettings &s, const AxisRange &r) {
+  std::vector<AxisLabel> out;
+  for (const Label &l : make_labels(s, r)) out.push_back({l.at, l.text, l.sup});
+  return out;
+}
+
+bool axis_range(const char *routine, int i, float a, float e, float org, float step, double length,
+                AxisRange &r) {
+  return settle_range(routine, i, a, e, org, step, length, r);
+}
+
+void axis_system(const std::array<AxisRange, 2> &r) {
+  MirvalState &st = mirval_state();
+  AxesState &ax = st.axes;
+  ax.range = r;
+  ax.box = placed_box();
+  st.grid.colour_axis = false;
+  for (int side = 0; side < 4; ++side) {
+    double reach = draw_side(side);
+    if (side == 2) ax.title_room = reach;
+  }
+  st.level = 2;
+}
+
+double axis_side(int side) { return draw_side(side); }
 
 extern "C" {
 
@@ -289,20 +357,11 @@ void graf(float xa, float xe, float xor_, float xstp, float ya, float ye, float 
   mv_tracef("graf(%g, %g, %g, %g, %g, %g, %g, %g)", (double)xa, (double)xe, (double)xor_,
             (double)xstp, (double)ya, (double)ye, (double)yor, (double)ystp);
   if (!mv_level("graf", 1, 1)) return;
-  MirvalState &st = mirval_state();
-  AxesState &ax = st.axes;
+  const AxesState &ax = mirval_state().axes;
   std::array<AxisRange, 2> r;
-  if (!settle_range(0, xa, xe, xor_, xstp, ax.len[0], r[0]) ||
-      !settle_range(1, ya, ye, yor, ystp, ax.len[1], r[1]))
-    return;
-  ax.range = r;
-  double y1 = page_y(ax.posy);
-  ax.box = {double(ax.posx), y1 - ax.len[1], double(ax.posx + ax.len[0]), y1};
-  for (int side = 0; side < 4; ++side) {
-    double reach = draw_side(side);
-    if (side == 2) ax.title_room = reach;
-  }
-  st.level = 2;
+  if (settle_range("graf", 0, xa, xe, xor_, xstp, ax.len[0], r[0]) &&
+      settle_range("graf", 1, ya, ye, yor, ystp, ax.len[1], r[1]))
+    axis_system(r);
 }
 
 void endgrf(void) {
@@ -315,11 +374,12 @@ void title(void) {
   mv_tracef("title()");
   if (!mv_level("title", 2, 3)) return;
   const AxesState &ax = mirval_state().axes;
-  double h = ax.htitle, x = (ax.box.x0 + ax.box.x1) / 2;
+  double h = ax.htitle;
+  double x = ax.title_just == Just::Left ? ax.box.x0 : ax.title_just == Just::Right ? ax.box.x1 : (ax.box.x0 + ax.box.x1) / 2;
   double y = ax.box.y0 - ax.title_room - 0.8 * h - ax.vkytit;
   for (int i = 3; i >= 0; --i) {
     if (ax.title[i].empty()) continue;
-    put_text(ax.title[i], "", {x, y}, h, 0, Just::Center, VAlign::Base, pen_rgb());
+    put_text(ax.title[i], "", {x, y}, h, 0, ax.title_just, VAlign::Base, pen_rgb());
     y -= 1.6 * h;
   }
 }
@@ -337,17 +397,17 @@ void titlin(const char *cstr, int nlin) {
 
 void htitle(int nhtit) {
   mv_tracef("htitle(%d)", nhtit);
-  if (positive("htitle", nhtit)) mirval_state().axes.htitle = nhtit;
+  if (in_range("htitle", "height", nhtit, 1, 10000)) mirval_state().axes.htitle = nhtit;
 }
 
 void hname(int nhname) {
   mv_tracef("hname(%d)", nhname);
-  if (positive("hname", nhname)) mirval_state().axes.hname = nhname;
+  if (in_range("hname", "height", nhname, 1, 10000)) mirval_state().axes.hname = nhname;
 }
 
 void vkytit(int nvfu) {
   mv_tracef("vkytit(%d)", nvfu);
-  mirval_state().axes.vkytit = nvfu;
+  if (in_range("vkytit", "distance", nvfu, -10000, 10000)) mirval_state().axes.vkytit = nvfu;
 }
 
 void axspos(int nxa, int nya) {
@@ -358,14 +418,15 @@ void axspos(int nxa, int nya) {
 
 void axslen(int nxl, int nyl) {
   mv_tracef("axslen(%d, %d)", nxl, nyl);
-  if (!positive("axslen", nxl) || !positive("axslen", nyl)) return;
+  if (!in_range("axslen", "length", nxl, 1, 100000) || !in_range("axslen", "length", nyl, 1, 100000)) return;
   mirval_state().axes.len[0] = nxl;
   mirval_state().axes.len[1] = nyl;
 }
 
 void ax3len(int nxl, int nyl, int nzl) {
   mv_tracef("ax3len(%d, %d, %d)", nxl, nyl, nzl);
-  if (!positive("ax3len", nxl) || !positive("ax3len", nyl) || !positive("ax3len", nzl)) return;
+  for (int n : {nxl, nyl, nzl})
+    if (!in_range("ax3len", "length", n, 1, 100000)) return;
   mirval_state().axes.len = {nxl, nyl, nzl};
 }
 
@@ -385,12 +446,7 @@ void getlen(int *nxl, int *nyl, int *nzl) {
 
 void labels(const char *copt, const char *cax) {
   mv_tracef("labels(%s, %s)", mv_tstr(copt).c_str(), mv_tstr(cax).c_str());
-  static const struct {
-    const char *name;
-    LabelType type;
-  } types[] = {{"FLOAT", LabelType::Float}, {"EXP", LabelType::Exp}, {"FEXP", LabelType::Fexp},
-               {"LOG", LabelType::Log},     {"NONE", LabelType::None}};
-  for (const auto &t : types)
+  for (const LabelName &t : label_names)
     if (same(copt, t.name)) {
       if (axis_bits(cax)) {
         for_axes("labels", cax, [&](AxisSettings &s) { s.labels = t.type; });
@@ -420,16 +476,12 @@ void labdig(int n, const char *c) {
 
 void ticks(int ntics, const char *cax) {
   mv_tracef("ticks(%d, %s)", ntics, mv_tstr(cax).c_str());
-  if (ntics < 0) mv_warn("ticks", "number of ticks %d is negative", ntics);
-  else for_axes("ticks", cax, [&](AxisSettings &s) { s.ticks = ntics; });
+  if (in_range("ticks", "number of ticks", ntics, 0, 100)) for_axes("ticks", cax, [&](AxisSettings &s) { s.ticks = ntics; });
 }
 
 void ticlen(int n1, int n2) {
   mv_tracef("ticlen(%d, %d)", n1, n2);
-  if (n1 < 0 || n2 < 0) {
-    mv_warn("ticlen", "tick lengths must not be negative (got %d, %d)", n1, n2);
-    return;
-  }
+  if (!in_range("ticlen", "length", n1, 0, 10000) || !in_range("ticlen", "length", n2, 0, 10000)) return;
   mirval_state().axes.ticlen_major = n1;
   mirval_state().axes.ticlen_minor = n2;
 }
@@ -450,8 +502,7 @@ void name(const char *cstr, const char *cax) {
 
 void namdis(int n, const char *c) {
   mv_tracef("namdis(%d, %s)", n, mv_tstr(c).c_str());
-  if (n < 0) mv_warn("namdis", "distance %d is negative", n);
-  else for_axes("namdis", c, [&](AxisSettings &s) { s.namdis = n; });
+  if (in_range("namdis", "distance", n, 0, 10000)) for_axes("namdis", c, [&](AxisSettings &s) { s.namdis = n; });
 }
 
 void setgrf(const char *c1, const char *c2, const char *c3, const char *c4) {
@@ -474,8 +525,7 @@ void setgrf(const char *c1, const char *c2, const char *c3, const char *c4) {
 
 void frame(int n) {
   mv_tracef("frame(%d)", n);
-  if (n < 0) mv_warn("frame", "thickness %d is negative", n);
-  else mirval_state().pen.frame = n;
+  if (in_range("frame", "thickness", n, 0, 1000)) mirval_state().pen.frame = n;
 }
 
 void box2d(void) {
@@ -491,10 +541,7 @@ void box2d(void) {
 void grid(int n1, int n2) {
   mv_tracef("grid(%d, %d)", n1, n2);
   if (!mv_level("grid", 2, 3)) return;
-  if (n1 < 0 || n2 < 0) {
-    mv_warn("grid", "numbers of lines must not be negative (got %d, %d)", n1, n2);
-    return;
-  }
+  if (!in_range("grid", "number of lines", n1, 0, 100) || !in_range("grid", "number of lines", n2, 0, 100)) return;
   across(0, grid_values(0, n1));
   across(1, grid_values(1, n2));
 }
@@ -514,6 +561,79 @@ void xaxgit(void) {
 void yaxgit(void) {
   mv_tracef("yaxgit()");
   if (mv_level("yaxgit", 2, 3)) zero_line(1);
+}
+
+void getgrf(float *a, float *e, float *orig, float *step, const char *cax) {
+  mv_tracef("getgrf(a=out, e=out, orig=out, step=out, cax=%s)", mv_tstr(cax).c_str());
+  int bits = axis_bits(cax);
+  if (!mv_level("getgrf", 2, 3)) return;
+  if (bits != 1 && bits != 2) {
+    mv_warn("getgrf", "one of the axes X or Y must be named, not %s", mv_tstr(cax).c_str());
+    return;
+  }
+  const AxisRange &r = mirval_state().axes.range[bits - 1];
+  if (a) *a = static_cast<float>(r.a);
+  if (e) *e = static_cast<float>(r.e);
+  if (orig) *orig = static_cast<float>(r.org);
+  if (step) *step = static_cast<float>(r.step);
+}
+
+void getdig(int *nxdig, int *nydig, int *nzdig) {
+  mv_tracef("getdig(nxdig=out, nydig=out, nzdig=out)");
+  const auto &a = mirval_state().axes.axis;
+  if (nxdig) *nxdig = a[0].digits;
+  if (nydig) *nydig = a[1].digits;
+  if (nzdig) *nzdig = a[2].digits;
+}
+
+void gettic(int *nxtic, int *nytic, int *nztic) {
+  mv_tracef("gettic(nxtic=out, nytic=out, nztic=out)");
+  const auto &a = mirval_state().axes.axis;
+  if (nxtic) *nxtic = a[0].ticks;
+  if (nytic) *nytic = a[1].ticks;
+  if (nztic) *nztic = a[2].ticks;
+}
+
+void gettcl(int *nmaj, int *nmin) {
+  mv_tracef("gettcl(nmaj=out, nmin=out)");
+  if (nmaj) *nmaj = mirval_state().axes.ticlen_major;
+  if (nmin) *nmin = mirval_state().axes.ticlen_minor;
+}
+
+void getlab(char *cxlab, char *cylab, char *czlab) {
+  mv_tracef("getlab(cxlab=out, cylab=out, czlab=out)");
+  char *out[3] = {cxlab, cylab, czlab};
+  for (int i = 0; i < 3; ++i)
+    if (out[i]) std::strcpy(out[i], label_name(mirval_state().axes.axis[i].labels));
+}
+
+int gethnm(void) {
+  mv_tracef("gethnm()");
+  return mirval_state().axes.hname;
+}
+
+void titjus(const char *c) {
+  mv_tracef("titjus(%s)", mv_tstr(c).c_str());
+  Just &j = mirval_state().axes.title_just;
+  if (same(c, "LEFT")) j = Just::Left;
+  else if (same(c, "CENT") || same(c, "CENTER")) j = Just::Center;
+  else if (same(c, "RIGHT")) j = Just::Right;
+  else mv_warn("titjus", "unknown justification %s", mv_tstr(c).c_str());
+}
+
+void labdis(int n, const char *c) {
+  mv_tracef("labdis(%d, %s)", n, mv_tstr(c).c_str());
+  if (in_range("labdis", "distance", n, 0, 10000)) for_axes("labdis", c, [&](AxisSettings &s) { s.labdis = n; });
+}
+
+// Places the next axis system in the middle of the page.
+void center(void) {
+  mv_tracef("center()");
+  MirvalState &st = mirval_state();
+  AxesState &ax = st.axes;
+  ax.posx = (st.page.width - ax.len[0]) / 2;
+  int lower = (st.page.height + ax.len[1]) / 2;  // lower edge, counted from the top
+  ax.posy = st.page.bottom ? st.page.height - lower : lower;
 }
 
 }

@@ -225,4 +225,9 @@ void rgbhsv(float r, float g, float b, float *h, float *s, float *v) {
   if (v) *v = float(vv);
 }
 
+const char *getvlt(void) {
+  mv_tracef("getvlt()");
+  return mirval_state().colours.name.c_str();
+}
+
 }

@@ -203,4 +203,26 @@ void chncrv(const char *c) {
   mv_warn("chncrv", "unknown option %s", mv_tstr(c).c_str());
 }
 
+void errbar(const float *xray, const float *yray, const float *e1ray, const float *e2ray, int n) {
+  mv_tracef("errbar(xray=%s, yray=%s, e1ray=%s, e2ray=%s, n=%d)", mv_tarr(n, "floats").c_str(),
+            mv_tarr(n, "floats").c_str(), mv_tarr(n, "floats").c_str(), mv_tarr(n, "floats").c_str(), n);
+  if (!mv_level("errbar", 2, 3)) return;
+  if (!xray || !yray || !e1ray || !e2ray || n <= 0) {
+    mv_warn("errbar", "no points (n = %d)", n);
+    return;
+  }
+  const MirvalState &st = mirval_state();
+  Rect clip = user_clip();
+  double half = st.curve.hsymbl / 2.0;
+  for (int i = 0; i < n; ++i) {
+    double x = page_x(xray[i]), lo = page_y_user(yray[i] - e1ray[i]), hi = page_y_user(yray[i] + e2ray[i]);
+    // the bar from y - e1 to y + e2, with a cross line at each end
+    stroke_polyline({{x, lo}, {x, hi}}, clip);
+    stroke_polyline({{x - half, lo}, {x + half, lo}}, clip);
+    stroke_polyline({{x - half, hi}, {x + half, hi}}, clip);
+    Pt c{x, page_y_user(yray[i])};
+    if (finite(c) && inside(c, clip)) draw_marker(st.curve.marker, c, st.curve.hsymbl, pen_rgb(), st.pen.width);
+  }
+}
+
 }

@@ -8,6 +8,8 @@
 #include <cairo-svg.h>
 
 #include <algorithm>
+#include <cctype>
+#include <map>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
@@ -87,6 +89,25 @@ void fix_dates(std::string &s, Format f) {
   }
 }
 
+// Cairo names SVG surfaces after a counter that runs on through the process; number them
+// from 1 in order of appearance, so that writing the file again gives the same bytes.
+void renumber_surfaces(std::string &s) {
+  std::map<std::string, std::string> names;
+  std::string out;
+  const std::string key = "surface";
+  size_t at = 0;
+  for (size_t hit; (hit = s.find(key, at)) != std::string::npos;) {
+    size_t end = hit + key.size();
+    while (end < s.size() && std::isdigit(static_cast<unsigned char>(s[end]))) ++end;
+    out.append(s, at, hit - at);
+    if (end > hit + key.size()) out += names.emplace(s.substr(hit, end - hit), key + std::to_string(names.size() + 1)).first->second;
+    else out += key;
+    at = end;
+  }
+  out.append(s, at, std::string::npos);
+  s.swap(out);
+}
+
 View page_view(double scale, double dx, double dy, double min_width) {
   View v;
   v.scale = scale;
@@ -127,6 +148,7 @@ std::string render_vector(Format f, int &w, int &h) {
   cairo_surface_finish(s);
   cairo_surface_destroy(s);
   fix_dates(out, f);
+  if (f == Format::SVG) renumber_surfaces(out);
   return out;
 }
 

@@ -1,7 +1,9 @@
 #include "draw.h"
 #include "clip.h"
 #include "device.h"
+#include "messages.h"
 
+#include <algorithm>
 #include <cmath>
 
 Rgb pen_rgb() {
@@ -34,6 +36,9 @@ Rect plot_clip() {
 }
 
 void add_item(Item it) {
+  const PenState &pen = mirval_state().pen;
+  it.cap = pen.cap;
+  it.join = pen.join;
   Scene &sc = mirval_state().scene;
   if (sc.pages.empty()) sc.pages.emplace_back();
   sc.current().items.push_back(std::move(it));
@@ -58,16 +63,20 @@ void stroke_polyline(const std::vector<Pt> &pts, const Rect &clip) {
   stroke_polyline(pts, clip, pen_rgb(), pen.width, pen.dash);
 }
 
-void stroke_path(const Path &p) {
+void stroke_path(const Path &p, Rgb rgb, double width, const std::vector<double> &dash) {
   if (p.empty()) return;
-  const PenState &pen = mirval_state().pen;
   Item it;
   it.kind = ItemKind::Stroke;
-  it.rgb = pen_rgb();
-  it.width = pen.width;
-  it.dash = pen.dash;
+  it.rgb = rgb;
+  it.width = width;
+  it.dash = dash;
   it.path = p;
   add_item(std::move(it));
+}
+
+void stroke_path(const Path &p) {
+  const PenState &pen = mirval_state().pen;
+  stroke_path(p, pen_rgb(), pen.width, pen.dash);
 }
 
 void fill_path(const Path &p, Rgb rgb) {
@@ -116,7 +125,8 @@ void arc_path(Path &p, Pt c, double a, double b, double alpha, double beta, doub
     double x = a * fx, y = b * fy;
     return Pt{c.x + x * ct - y * st, c.y - (x * st + y * ct)};
   };
-  double span = beta - alpha;
+  if (!std::isfinite(alpha) || !std::isfinite(beta) || !std::isfinite(theta)) return;
+  double span = std::clamp(beta - alpha, -360.0, 360.0);  // beyond a full turn is a full turn
   int n = std::max(1, static_cast<int>(std::ceil(std::fabs(span) / 90)));
   double step = span / n * rad, k = 4.0 / 3.0 * std::tan(step / 4);
   double t = alpha * rad;
@@ -172,4 +182,10 @@ Path fit_path(const Path &p, const Rect &clip, bool closed) {
     }
   }
   return out;
+}
+
+bool in_range(const char *routine, const char *what, double v, double lo, double hi) {
+  if (v >= lo && v <= hi) return true;
+  mv_warn(routine, "%s %g out of range %g..%g", what, v, lo, hi);
+  return false;
 }

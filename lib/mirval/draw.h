@@ -15,12 +15,14 @@ Rect user_clip();
 // Where drawing in plot coordinates is cut: the CLPWIN window or the page.
 Rect plot_clip();
 
+// Appends an item to the current page; strokes take the pen's line ends and joins.
 void add_item(Item it);
 // Strokes a polyline with the pen (or the given width and pattern), cut to the rectangle.
 void stroke_polyline(const std::vector<Pt> &pts, const Rect &clip);
 void stroke_polyline(const std::vector<Pt> &pts, const Rect &clip, Rgb rgb, double width,
                      const std::vector<double> &dash);
 void stroke_path(const Path &p);
+void stroke_path(const Path &p, Rgb rgb, double width, const std::vector<double> &dash);
 // Fills a path in one colour.
 void fill_path(const Path &p, Rgb rgb);
 // A closed shape as SHDPAT wants it: hatched or filled in the pen colour, then outlined.
@@ -33,3 +35,7 @@ void arc_path(Path &p, Pt c, double a, double b, double alpha, double beta, doub
 // A path as it may be drawn inside a rectangle: unchanged when it lies within, otherwise
 // flattened and cut (closed shapes as polygons, open ones as polylines).
 Path fit_path(const Path &p, const Rect &clip, bool closed);
+// Checks a size or count against its range lo..hi; otherwise warns, naming the routine and
+// the argument, and returns false. Sizes are capped so that no setting can push coordinates
+// beyond what the renderer can hold.
+bool in_range(const char *routine, const char *what, double v, double lo, double hi);

@@ -8,7 +8,7 @@
 
 namespace {
 
-bool same(const FontSpec &a, const FontSpec &b) {
+bool same(const FontChoice &a, const FontChoice &b) {
   return a.family == b.family && a.bold == b.bold && a.italic == b.italic && a.file == b.file;
 }
 
@@ -17,18 +17,18 @@ bool is_file(const std::string &name) {
   return stat(name.c_str(), &st) == 0 && S_ISREG(st.st_mode);
 }
 
-cairo_font_face_t *make_face(const FontSpec &spec) {
-  if (!spec.file.empty() && is_file(spec.file)) {
+cairo_font_face_t *make_face(const FontChoice &choice) {
+  if (!choice.file.empty() && is_file(choice.file)) {
     FcPattern *pat = FcPatternCreate();
-    FcPatternAddString(pat, FC_FILE, reinterpret_cast<const FcChar8 *>(spec.file.c_str()));
+    FcPatternAddString(pat, FC_FILE, reinterpret_cast<const FcChar8 *>(choice.file.c_str()));
     FcPatternAddInteger(pat, FC_INDEX, 0);
     cairo_font_face_t *face = cairo_ft_font_face_create_for_pattern(pat);
     FcPatternDestroy(pat);
     return face;
   }
-  return cairo_toy_font_face_create(spec.family.c_str(),
-                                    spec.italic ? CAIRO_FONT_SLANT_ITALIC : CAIRO_FONT_SLANT_NORMAL,
-                                    spec.bold ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL);
+  return cairo_toy_font_face_create(choice.family.c_str(),
+                                    choice.italic ? CAIRO_FONT_SLANT_ITALIC : CAIRO_FONT_SLANT_NORMAL,
+                                    choice.bold ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL);
 }
 
 cairo_t *measuring_context() {
@@ -46,15 +46,19 @@ FontTable::~FontTable() {
   for (cairo_font_face_t *f : faces) cairo_font_face_destroy(f);
   if (measure) cairo_destroy(measure);
   if (scratch) cairo_surface_destroy(scratch);
+  // the program ends: let Cairo and fontconfig drop their font caches, so that leak checkers
+  // see a clean exit
+  cairo_debug_reset_static_data();
+  FcFini();
 }
 
-int font_index(const FontSpec &spec) {
+int font_index(const FontChoice &choice) {
   FontTable &t = mirval_state().fonts;
-  for (size_t i = 0; i < t.specs.size(); ++i)
-    if (same(t.specs[i], spec)) return static_cast<int>(i);
-  t.specs.push_back(spec);
-  t.faces.push_back(make_face(spec));
-  int font = static_cast<int>(t.specs.size() - 1);
+  for (size_t i = 0; i < t.choices.size(); ++i)
+    if (same(t.choices[i], choice)) return static_cast<int>(i);
+  t.choices.push_back(choice);
+  t.faces.push_back(make_face(choice));
+  int font = static_cast<int>(t.choices.size() - 1);
   cairo_t *cr = measuring_context();
   font_select(cr, font, 1000);
   cairo_text_extents_t e;

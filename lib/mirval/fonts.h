@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-struct FontSpec {
+struct FontChoice {
   std::string family = "DejaVu Sans";
   bool bold = false;
   bool italic = false;
@@ -14,7 +14,7 @@ struct FontSpec {
 };
 
 struct FontTable {
-  std::vector<FontSpec> specs;
+  std::vector<FontChoice> choices;
   std::vector<cairo_font_face_t *> faces;
   std::vector<double> cap;       // capital height per unit of font size
   cairo_surface_t *scratch = nullptr;
@@ -26,7 +26,7 @@ struct FontTable {
 };
 
 // The index of the font in the table, adding it on first use.
-int font_index(const FontSpec &spec);
+int font_index(const FontChoice &choice);
 cairo_font_face_t *font_face(int font);
 // Selects the font on a context; scale-independent metrics so that all outputs agree.
 void font_select(cairo_t *cr, int font, double size);

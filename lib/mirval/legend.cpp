@@ -1,10 +1,12 @@
 // Legends: the caller owns the text buffer (LEGINI fills it with blanks, LEGLIN writes its
 // lines); LEGEND draws a framed box that shows each curve's line and marker beside its text.
+#include "colours.h"
 #include "device.h"
 #include "draw.h"
 #include "markers.h"
 #include "messages.h"
 #include "mirval.h"
+#include "scaling.h"
 #include "state.h"
 #include "text.h"
 #include "trace.h"
@@ -42,10 +44,13 @@ extern "C" {
 
 void legini(char *cbuf, int nlin, int nmaxln) {
   mv_tracef("legini(cbuf=out, nlin=%d, nmaxln=%d)", nlin, nmaxln);
-  if (!cbuf || nlin <= 0 || nmaxln <= 0) {
-    mv_warn("legini", "lines and characters must be positive (got %d, %d)", nlin, nmaxln);
+  if (!cbuf) {
+    mv_warn("legini", "no buffer given");
     return;
   }
+  if (!in_range("legini", "number of lines", nlin, 1, 10000) ||
+      !in_range("legini", "characters per line", nmaxln, 1, 10000))
+    return;
   LegendState &lg = mirval_state().legend;
   lg.lines = nlin;
   lg.chars = nmaxln;
@@ -100,9 +105,7 @@ void legend(char *cbuf, int ncor) {
     Rect area = page_rect();
     double m = 60;
     if (ncor > 4) {
-      const AxesState &ax = st.axes;
-      double y1 = page_y(ax.posy);
-      area = st.level >= 2 ? ax.box : Rect{double(ax.posx), y1 - ax.len[1], double(ax.posx + ax.len[0]), y1};
+      area = st.level >= 2 ? st.axes.box : placed_box();
       m = 0.6 * h;
     }
     int corner = (ncor - 1) % 4;  // 0 lower left, 1 lower right, 2 upper right, 3 upper left
@@ -115,15 +118,8 @@ void legend(char *cbuf, int ncor) {
   box.line({x + w, y + ht});
   box.line({x, y + ht});
   box.close();
-  fill_path(box, back_rgb());
-  if (st.pen.frame > 0) {
-    Item it;
-    it.kind = ItemKind::Stroke;
-    it.rgb = pen_rgb();
-    it.width = st.pen.frame;
-    it.path = box;
-    add_item(std::move(it));
-  }
+  if (lg.background != -1) fill_path(box, lg.background == -2 ? back_rgb() : table_rgb(lg.background));
+  if (st.pen.frame > 0) stroke_path(box, pen_rgb(), st.pen.frame, {});
   double top = y + pad;
   if (!lg.title.empty()) {
     put_text(lg.title, "", {x + pad, top}, h, 0, Just::Left, VAlign::Top, pen_rgb());
@@ -169,6 +165,11 @@ void legopt(float x1, float x2, float x3) {
 void legclr(void) {
   mv_tracef("legclr()");
   mirval_state().legend.text_colours = true;
+}
+
+void legbgd(int n) {
+  mv_tracef("legbgd(%d)", n);
+  if (in_range("legbgd", "colour", n, -1, 255)) mirval_state().legend.background = n;
 }
 
 }

@@ -3,9 +3,11 @@
 // with plus, 13 circle with cross, 14 circle with dot, 15 star; filled: 16 square, 17 triangle,
 // 18 diamond, 19 triangle down, 20 star, 21 circle; 22 dot, 23 hexagon, 24 filled hexagon.
 #include "markers.h"
+#include "clip.h"
 #include "draw.h"
 #include "messages.h"
 #include "mirval.h"
+#include "scaling.h"
 #include "state.h"
 #include "trace.h"
 
@@ -78,7 +80,7 @@ void draw_marker(int n, Pt c, double size, Rgb rgb, double width) {
     case 11: s.triangle(1), s.triangle(-1); break;
     case 12: s.r *= 0.85, s.square(), s.plus(1); break;
     case 13: s.circle(1), s.cross(0.707); break;
-    case 14: s.circle(1), s.circle(0.2); break;
+    case 14: s.circle(1); break;  // the dot is filled below
     case 15: case 20: s.star(); break;
     case 22: s.circle(0.3); break;
     default: s.hexagon(); break;
@@ -87,12 +89,7 @@ void draw_marker(int n, Pt c, double size, Rgb rgb, double width) {
     fill_path(s.path, rgb);
     return;
   }
-  Item it;
-  it.kind = ItemKind::Stroke;
-  it.rgb = rgb;
-  it.width = width;
-  it.path = s.path;
-  add_item(std::move(it));
+  stroke_path(s.path, rgb, width, {});
   if (n == 14) {
     Shape dot{Path{}, c, size / 2};
     dot.circle(0.2);
@@ -111,8 +108,7 @@ void marker(int nsym) {
 
 void hsymbl(int nhsym) {
   mv_tracef("hsymbl(%d)", nhsym);
-  if (nhsym <= 0) mv_warn("hsymbl", "size must be positive (got %d)", nhsym);
-  else mirval_state().curve.hsymbl = nhsym;
+  if (in_range("hsymbl", "size", nhsym, 1, 10000)) mirval_state().curve.hsymbl = nhsym;
 }
 
 void symbol(int nsym, int nx, int ny) {
@@ -124,6 +120,25 @@ void symbol(int nsym, int nx, int ny) {
   }
   const MirvalState &st = mirval_state();
   draw_marker(nsym, {double(nx), page_y(ny)}, st.curve.hsymbl, pen_rgb(), st.pen.width);
+}
+
+void getsym(int *nsym, int *nhsym) {
+  mv_tracef("getsym(nsym=out, nhsym=out)");
+  if (nsym) *nsym = mirval_state().curve.marker;
+  if (nhsym) *nhsym = mirval_state().curve.hsymbl;
+}
+
+void rlsymb(int n, float x1, float x2) {
+  mv_tracef("rlsymb(%d, %g, %g)", n, (double)x1, (double)x2);
+  if (!mv_level("rlsymb", 2, 3)) return;
+  if (n < 0 || n >= marker_count) {
+    mv_warn("rlsymb", "symbol %d out of range 0..%d", n, marker_count - 1);
+    return;
+  }
+  const MirvalState &st = mirval_state();
+  Pt c{page_x(x1), page_y_user(x2)};
+  if (std::isfinite(c.x) && std::isfinite(c.y) && inside(c, user_clip()))
+    draw_marker(n, c, st.curve.hsymbl, pen_rgb(), st.pen.width);
 }
 
 }

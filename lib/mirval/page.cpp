@@ -53,7 +53,6 @@ void metafl(const char *cfmt) {
     pg.format = Format::PNG;
     pg.screen = false;
   }
-  pg.format_chosen = true;
 }
 
 void setfil(const char *cfil) {
@@ -120,8 +119,8 @@ void pagorg(const char *copt) {
 void winsiz(int nw, int nh) {
   mv_tracef("winsiz(%d, %d)", nw, nh);
   if (!mv_level("winsiz", 0, 0)) return;
-  if (nw <= 0 || nh <= 0 || nw > 20000 || nh > 20000) {
-    mv_warn("winsiz", "size %d x %d out of range 1..20000", nw, nh);
+  if (nw <= 0 || nh <= 0 || nw > 8000 || nh > 8000) {
+    mv_warn("winsiz", "size %d x %d out of range 1..8000", nw, nh);
     return;
   }
   mirval_state().page.win_w = nw;
@@ -248,6 +247,12 @@ int qqwchk(void) { return 0; }
 void gfilnn(const char *cname) {
   mv_tracef("gfilnn(%s)", mv_tstr(cname).c_str());
   if (cname && *cname) mirval_state().page.reserved.insert(cname);
+}
+
+const char *getmfl(void) {
+  mv_tracef("getmfl()");
+  const PageState &pg = mirval_state().page;
+  return pg.screen ? "CONS" : format_name(pg.format);
 }
 
 }

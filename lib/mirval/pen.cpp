@@ -5,6 +5,7 @@
 #include "state.h"
 #include "trace.h"
 
+#include <cmath>
 #include <strings.h>
 
 namespace {
@@ -52,10 +53,7 @@ void myline(const int *nray, int n) {
   std::vector<double> dash;
   bool any = false;
   for (int i = 0; i < n; ++i) {
-    if (nray[i] < 0) {
-      mv_warn("myline", "length %d of the pattern is negative", nray[i]);
-      return;
-    }
+    if (!in_range("myline", "length", nray[i], 0, 10000)) return;
     any = any || nray[i] > 0;
     dash.push_back(nray[i]);
   }
@@ -70,20 +68,17 @@ void myline(const int *nray, int n) {
 
 void linwid(int nwidth) {
   mv_tracef("linwid(%d)", nwidth);
-  if (nwidth <= 0) mv_warn("linwid", "width must be positive (got %d)", nwidth);
-  else mirval_state().pen.width = nwidth;
+  if (in_range("linwid", "width", nwidth, 1, 10000)) mirval_state().pen.width = nwidth;
 }
 
 void penwid(float xwidth) {
   mv_tracef("penwid(%g)", (double)xwidth);
-  if (!(xwidth > 0) || xwidth > 1e4) mv_warn("penwid", "width %g out of range", (double)xwidth);
-  else mirval_state().pen.width = xwidth;
+  if (in_range("penwid", "width", xwidth, 0.01, 10000)) mirval_state().pen.width = xwidth;
 }
 
 void thkcrv(int n) {
   mv_tracef("thkcrv(%d)", n);
-  if (n < 1) mv_warn("thkcrv", "thickness must be at least 1 (got %d)", n);
-  else mirval_state().pen.thick = n;
+  if (in_range("thkcrv", "thickness", n, 1, 100)) mirval_state().pen.thick = n;
 }
 
 void clpbor(const char *copt) {
@@ -102,13 +97,55 @@ void clpwin(int n1, int n2, int n3, int n4) {
   }
   PenState &pen = mirval_state().pen;
   double top = page_y(n2);  // (n1, n2) is the upper left corner
-  pen.window = {double(n1), top, double(n1 + n3), top + n4};
+  pen.window = {double(n1), top, double(n1) + n3, top + n4};
   pen.clip = ClipMode::Window;
 }
 
 void noclip(void) {
   mv_tracef("noclip()");
   mirval_state().pen.clip = ClipMode::Page;
+}
+
+void getclp(int *nx, int *ny, int *nw, int *nh) {
+  mv_tracef("getclp(nx=out, ny=out, nw=out, nh=out)");
+  const Rect &w = mirval_state().pen.window;
+  if (nx) *nx = static_cast<int>(w.x0);
+  if (ny) *ny = static_cast<int>(page_y(w.y0));
+  if (nw) *nw = static_cast<int>(w.x1 - w.x0);
+  if (nh) *nh = static_cast<int>(w.y1 - w.y0);
+}
+
+int getlin(void) {
+  mv_tracef("getlin()");
+  return static_cast<int>(std::lround(mirval_state().pen.width));
+}
+
+int gettyp(void) {
+  mv_tracef("gettyp()");
+  return mirval_state().pen.style;
+}
+
+int getpat(void) {
+  mv_tracef("getpat()");
+  return mirval_state().pen.pattern;
+}
+
+void lncap(const char *c) {
+  mv_tracef("lncap(%s)", mv_tstr(c).c_str());
+  Cap &cap = mirval_state().pen.cap;
+  if (c && strcasecmp(c, "ROUND") == 0) cap = Cap::Round;
+  else if (c && strcasecmp(c, "CUT") == 0) cap = Cap::Cut;
+  else if (c && strcasecmp(c, "LONG") == 0) cap = Cap::Long;
+  else mv_warn("lncap", "unknown line end %s", mv_tstr(c).c_str());
+}
+
+void lnjoin(const char *c) {
+  mv_tracef("lnjoin(%s)", mv_tstr(c).c_str());
+  Join &join = mirval_state().pen.join;
+  if (c && strcasecmp(c, "ROUND") == 0) join = Join::Round;
+  else if (c && strcasecmp(c, "SHARP") == 0) join = Join::Sharp;
+  else if (c && strcasecmp(c, "TRUNC") == 0) join = Join::Trunc;
+  else mv_warn("lnjoin", "unknown line join %s", mv_tstr(c).c_str());
 }
 
 }

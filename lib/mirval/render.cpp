@@ -64,6 +64,14 @@ void draw_hatch(cairo_t *cr, const Item &it, const View &v) {
   cairo_restore(cr);
 }
 
+void set_ends(cairo_t *cr, const Item &it) {
+  bool round = it.cap == Cap::Round || (it.cap == Cap::Auto && it.dash.empty());
+  cairo_set_line_cap(cr, round ? CAIRO_LINE_CAP_ROUND : it.cap == Cap::Long ? CAIRO_LINE_CAP_SQUARE : CAIRO_LINE_CAP_BUTT);
+  cairo_set_line_join(cr, it.join == Join::Round   ? CAIRO_LINE_JOIN_ROUND
+                          : it.join == Join::Sharp ? CAIRO_LINE_JOIN_MITER
+                                                   : CAIRO_LINE_JOIN_BEVEL);
+}
+
 void draw_text(cairo_t *cr, const Item &it) {
   cairo_save(cr);
   cairo_translate(cr, it.at.x, it.at.y);
@@ -82,7 +90,6 @@ void render_page(cairo_t *cr, const Page &page, const View &v) {
   cairo_paint(cr);
   cairo_translate(cr, v.dx, v.dy);
   cairo_scale(cr, v.scale, v.scale);
-  cairo_set_line_join(cr, CAIRO_LINE_JOIN_ROUND);
   for (const Item &it : page.items) {
     cairo_set_source_rgb(cr, it.rgb.r, it.rgb.g, it.rgb.b);
     switch (it.kind) {
@@ -90,7 +97,7 @@ void render_page(cairo_t *cr, const Page &page, const View &v) {
         set_path(cr, it.path);
         set_width(cr, it.width, v);
         cairo_set_dash(cr, it.dash.data(), static_cast<int>(it.dash.size()), 0);
-        cairo_set_line_cap(cr, it.dash.empty() ? CAIRO_LINE_CAP_ROUND : CAIRO_LINE_CAP_BUTT);
+        set_ends(cr, it);
         cairo_stroke(cr);
         break;
       case ItemKind::Fill:

@@ -5,6 +5,7 @@
 #include "state.h"
 #include "trace.h"
 
+#include <algorithm>
 #include <strings.h>
 
 namespace {
@@ -22,6 +23,7 @@ const AxesState axes0;
 const CurveState curve0;
 const LegendState legend0;
 const PageState page0;
+const Space3D space0;
 
 void each_axis(MirvalState &s, void (*f)(AxisSettings &, const AxisSettings &)) {
   for (int i = 0; i < 3; ++i) f(s.axes.axis[i], axes0.axis[i]);
@@ -36,13 +38,15 @@ const Entry entries[] = {
     {"TICPOS", [](MirvalState &s) { each_axis(s, [](AxisSettings &a, const AxisSettings &d) { a.ticpos = d.ticpos; }); }},
     {"NAME", [](MirvalState &s) { each_axis(s, [](AxisSettings &a, const AxisSettings &d) { a.name = d.name; }); }},
     {"NAMDIS", [](MirvalState &s) { each_axis(s, [](AxisSettings &a, const AxisSettings &d) { a.namdis = d.namdis; }); }},
-    {"AXSPOS", [](MirvalState &s) { s.axes.posx = axes0.posx, s.axes.posy = axes0.posy; }},
+    {"LABDIS", [](MirvalState &s) { each_axis(s, [](AxisSettings &a, const AxisSettings &d) { a.labdis = d.labdis; }); }},
+    {"AXSPOS CENTER", [](MirvalState &s) { s.axes.posx = axes0.posx, s.axes.posy = axes0.posy; }},
     {"AXSLEN AX3LEN", [](MirvalState &s) { s.axes.len = axes0.len; }},
     {"TICLEN", [](MirvalState &s) { s.axes.ticlen_major = axes0.ticlen_major, s.axes.ticlen_minor = axes0.ticlen_minor; }},
     {"TITLIN", [](MirvalState &s) { s.axes.title = axes0.title; }},
     {"HTITLE", [](MirvalState &s) { s.axes.htitle = axes0.htitle; }},
     {"HNAME", [](MirvalState &s) { s.axes.hname = axes0.hname; }},
     {"VKYTIT", [](MirvalState &s) { s.axes.vkytit = axes0.vkytit; }},
+    {"TITJUS", [](MirvalState &s) { s.axes.title_just = axes0.title_just; }},
     {"SETGRF", [](MirvalState &s) { s.axes.sides = axes0.sides; }},
     {"HEIGHT", [](MirvalState &s) { s.text.height = text0.height; }},
     {"ANGLE", [](MirvalState &s) { s.text.angle = text0.angle; }},
@@ -55,6 +59,8 @@ const Entry entries[] = {
     {"THKCRV", [](MirvalState &s) { s.pen.thick = pen0.thick; }},
     {"SHDPAT", [](MirvalState &s) { s.pen.pattern = pen0.pattern; }},
     {"FRAME", [](MirvalState &s) { s.pen.frame = pen0.frame; }},
+    {"LNCAP", [](MirvalState &s) { s.pen.cap = pen0.cap; }},
+    {"LNJOIN", [](MirvalState &s) { s.pen.join = pen0.join; }},
     {"NOCLIP CLPBOR CLPWIN", [](MirvalState &s) { s.pen.clip = pen0.clip, s.pen.window = pen0.window; }},
     {"INCMRK", [](MirvalState &s) { s.curve.incmrk = curve0.incmrk; }},
     {"MARKER", [](MirvalState &s) { s.curve.marker = curve0.marker; }},
@@ -66,15 +72,16 @@ const Entry entries[] = {
     {"LEGPOS", [](MirvalState &s) { s.legend.placed = legend0.placed; }},
     {"LEGOPT", [](MirvalState &s) { s.legend.sample = legend0.sample, s.legend.gap = legend0.gap, s.legend.spacing = legend0.spacing; }},
     {"LEGCLR", [](MirvalState &s) { s.legend.text_colours = legend0.text_colours; }},
-    {"AXIS3D", [](MirvalState &s) { std::copy(Space3D{}.box, Space3D{}.box + 3, s.space.box); }},
-    {"VIEW3D", [](MirvalState &s) { Space3D d; std::copy(d.view, d.view + 3, s.space.view), s.space.view_mode = d.view_mode; }},
+    {"LEGBGD", [](MirvalState &s) { s.legend.background = legend0.background; }},
+    {"AXIS3D", [](MirvalState &s) { std::copy(space0.box, space0.box + 3, s.space.box); }},
+    {"VIEW3D", [](MirvalState &s) { std::copy(space0.view, space0.view + 3, s.space.view), s.space.view_mode = space0.view_mode; }},
     {"SHDMOD", [](MirvalState &s) { s.space.shading.clear(); }},
     {"SETRES", [](MirvalState &s) { s.page.xres = page0.xres, s.page.yres = page0.yres; }},
 };
 
 // Output settings can change only while no page is open.
 const Entry page_entries[] = {
-    {"METAFL", [](MirvalState &s) { s.page.format = page0.format, s.page.screen = page0.screen, s.page.format_chosen = page0.format_chosen; }},
+    {"METAFL", [](MirvalState &s) { s.page.format = page0.format, s.page.screen = page0.screen; }},
     {"SETFIL", [](MirvalState &s) { s.page.file = page0.file; }},
     {"FILMOD", [](MirvalState &s) { s.page.filmod = page0.filmod; }},
     {"PAGE SETPAG", [](MirvalState &s) { s.page.width = page0.width, s.page.height = page0.height; }},

@@ -119,6 +119,12 @@ bool at_axis_level(const char *routine) { return mv_level(routine, 2, 3); }
 
 }  // namespace
 
+Rect placed_box() {
+  const AxesState &ax = mirval_state().axes;
+  double y1 = page_y(ax.posy);
+  return {double(ax.posx), y1 - ax.len[1], double(ax.posx) + ax.len[0], y1};
+}
+
 double page_x(double x) {
   const AxesState &ax = mirval_state().axes;
   return ax.box.x0 + fraction(ax.range[0], x) * (ax.box.x1 - ax.box.x0);

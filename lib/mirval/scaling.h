@@ -18,6 +18,9 @@ int needed_digits(const std::vector<double> &values);
 // Axis letters of a routine's axis argument: bit 0 X, bit 1 Y, bit 2 Z; 0 when none.
 int axis_bits(const char *cax);
 
+// The rectangle on the page that AXSPOS and AXSLEN give the next axis system.
+Rect placed_box();
+
 // Page coordinates of user values on the current axis system (NaN where a log axis has no
 // place for the value) and back.
 double page_x(double x);

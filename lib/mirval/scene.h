@@ -28,6 +28,9 @@ struct Path {
 };
 
 enum class ItemKind : uint8_t { Stroke, Fill, Hatch, Text };
+// Line ends: Auto is round for solid lines and cut for dashes.
+enum class Cap : uint8_t { Auto, Round, Cut, Long };
+enum class Join : uint8_t { Round, Sharp, Trunc };
 
 struct Item {
   ItemKind kind = ItemKind::Stroke;
@@ -35,6 +38,8 @@ struct Item {
   Path path;                  // Stroke, Fill, Hatch
   double width = 1;           // Stroke and Hatch lines, plot units
   std::vector<double> dash;   // Stroke
+  Cap cap = Cap::Auto;        // Stroke
+  Join join = Join::Round;    // Stroke
   int hatch = 0;              // Hatch pattern 1..15
   // Text: the run starts on its baseline at 'at', rotated by 'angle' degrees counter-clockwise
   std::string text;

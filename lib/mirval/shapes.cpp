@@ -37,6 +37,22 @@ void filled_rect(double x0, double y0, double x1, double y1, int ncol, const Rec
   fill_path(fit_path(rect_path(x0, y0, x1, y1), clip, true), ncol < 0 ? pen_rgb() : table_rgb(ncol));
 }
 
+// A rectangle whose corners are rounded by nround tenths of half its shorter side (0..9).
+Path round_rect_path(double x0, double y0, double x1, double y1, int nround) {
+  if (x0 > x1) std::swap(x0, x1);
+  if (y0 > y1) std::swap(y0, y1);
+  double r = std::min(x1 - x0, y1 - y0) / 2 * nround / 10.0;
+  Path p;
+  arc_path(p, {x1 - r, y0 + r}, r, r, 0, 90, 0, true);
+  arc_path(p, {x0 + r, y0 + r}, r, r, 90, 180, 0, false);
+  arc_path(p, {x0 + r, y1 - r}, r, r, 180, 270, 0, false);
+  arc_path(p, {x1 - r, y1 - r}, r, r, 270, 360, 0, false);
+  p.close();
+  return p;
+}
+
+bool roundness(const char *routine, int n) { return in_range(routine, "roundness", n, 0, 9); }
+
 void ellipse(Pt c, double a, double b, const Rect &clip) {
   Path p;
   arc_path(p, c, a, b, 0, 360, 0, true);
@@ -94,7 +110,7 @@ void rectan(int nx, int ny, int nw, int nh) {
   mv_tracef("rectan(%d, %d, %d, %d)", nx, ny, nw, nh);
   if (!drawing("rectan")) return;
   double y = page_y(ny), y1 = mirval_state().page.bottom ? y - nh : y + nh;
-  shape(rect_path(nx, y, nx + nw, y1), plot_clip());
+  shape(rect_path(nx, y, double(nx) + nw, y1), plot_clip());
 }
 
 void rlrec(float x1, float x2, float x3, float x4) {
@@ -107,7 +123,7 @@ void recfll(int nx, int ny, int nw, int nh, int ncol) {
   mv_tracef("recfll(%d, %d, %d, %d, %d)", nx, ny, nw, nh, ncol);
   if (!drawing("recfll") || !colour_number("recfll", ncol)) return;
   double y = page_y(ny), y1 = mirval_state().page.bottom ? y - nh : y + nh;
-  filled_rect(nx, y, nx + nw, y1, ncol, plot_clip());
+  filled_rect(nx, y, double(nx) + nw, y1, ncol, plot_clip());
 }
 
 void circle(int nx, int ny, int nr) {
@@ -218,6 +234,19 @@ void shdpat(int n) {
   mv_tracef("shdpat(%d)", n);
   if (n < 0 || n > 16) mv_warn("shdpat", "pattern %d out of range 0..16", n);
   else mirval_state().pen.pattern = n;
+}
+
+void rndrec(int n1, int n2, int n3, int n4, int n5) {
+  mv_tracef("rndrec(%d, %d, %d, %d, %d)", n1, n2, n3, n4, n5);
+  if (!drawing("rndrec") || !roundness("rndrec", n5)) return;
+  double y = page_y(n2), y1 = mirval_state().page.bottom ? y - n4 : y + n4;
+  shape(round_rect_path(n1, y, double(n1) + n3, y1, n5), plot_clip());
+}
+
+void rlrnd(float x1, float x2, float x3, float x4, int n) {
+  mv_tracef("rlrnd(%g, %g, %g, %g, %d)", (double)x1, (double)x2, (double)x3, (double)x4, n);
+  if (!user_drawing("rlrnd") || !roundness("rlrnd", n)) return;
+  shape(round_rect_path(page_x(x1), page_y_user(x2), page_x(x1 + x3), page_y_user(x2 - x4), n), user_clip());
 }
 
 }

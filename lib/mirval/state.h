@@ -23,7 +23,6 @@ enum class Format { PNG, PPM, BMP, TIFF, GIF, PDF, SVG, PS, EPS };
 // Output and page: everything fixed before MIRINI.
 struct PageState {
   Format format = Format::PNG;
-  bool format_chosen = false;      // METAFL was called
   bool screen = false;             // 'CONS' or 'XWIN' was asked for
   std::string file;                // SETFIL; empty: mirval.<ext>
   std::string used;                // the name actually written (GETFIL)
@@ -55,6 +54,8 @@ struct PenState {
   int thick = 1;                   // THKCRV: curves drawn this many times as wide
   int pattern = 0;                 // SHDPAT: 0 outline only, 1..15 hatching, 16 solid
   int frame = 1;                   // FRAME: width of frames in plot units, 0 none
+  Cap cap = Cap::Auto;             // LNCAP
+  Join join = Join::Round;         // LNJOIN
   ClipMode clip = ClipMode::Axis;  // CLPBOR, CLPWIN, NOCLIP
   Rect window;                     // the CLPWIN rectangle
 };
@@ -70,7 +71,7 @@ enum class Just { Left, Center, Right };
 struct TextState {
   int height = 36;                 // capital height in plot units
   double angle = 0;                // degrees, counter-clockwise
-  FontSpec font;
+  FontChoice font;
   Just just = Just::Left;          // TXTJUS
 };
 
@@ -85,6 +86,7 @@ struct AxisSettings {
   int ticpos = 0;                  // TICPOS: 0 outwards (label side), 1 inwards, 2 both
   std::string name;                // NAME
   int namdis = 30;                 // NAMDIS: gap between labels and name
+  int labdis = 22;                 // LABDIS: gap between ticks and labels
   bool autoscale = false;          // SETSCL: the next GRAF takes its range from data
   double data_min = 0, data_max = 1, data_minpos = 1;  // data_minpos: least positive value
 };
@@ -103,6 +105,7 @@ struct AxesState {
   std::array<std::string, 4> title;  // TITLIN lines 1..4
   int htitle = 44, hname = 36;
   int vkytit = 0;                  // extra gap between the title and the axis system
+  Just title_just = Just::Center;  // TITJUS
   std::array<int, 4> sides{4, 4, 2, 2};  // SETGRF: 0 NONE 1 LINE 2 TICKS 3 LABELS 4 NAME
   std::map<std::string, LabelType> other_labels;  // LABELS for 'CONTOUR', 'BAR' ...
   // the current axis system
@@ -138,15 +141,47 @@ struct LegendState {
   int x = 0, y = 0;
   double sample = 4.0, gap = 0.5, spacing = 0.7;  // LEGOPT, in character heights
   bool text_colours = false;       // LEGCLR
+  int background = -2;             // LEGBGD: -2 the page's background, -1 none, else a table colour
   std::vector<CurveLook> curves;   // every curve of the page, in order
 };
 
-// 3-D settings kept for the quick plots until the 3-D part draws with them.
+// How the current 3-D axis system maps box coordinates (the AXIS3D box centred at the origin)
+// onto the page: a perspective view from 'eye' along the orthonormal basis u (right), v (up),
+// w (into the picture).
+struct Camera {
+  double eye[3] = {0, 0, 0};
+  double u[3] = {1, 0, 0}, v[3] = {0, 0, 1}, w[3] = {0, 1, 0};
+  Pt centre;                       // page point the line of sight meets
+  double focal = 1;                // plot units per unit of u/w and v/w
+};
+
+// 3-D settings and the current 3-D axis system.
 struct Space3D {
   float box[3] = {2, 2, 2};        // AXIS3D
   float view[3] = {4, -5, 4};      // VIEW3D
   std::string view_mode = "ABS";
+  float vang = 28;                 // VANG3D: opening angle of the view, degrees
+  float vup = 0;                   // VUP3D: turn of the picture about the line of sight
   std::map<std::string, std::string> shading;  // SHDMOD: target -> mode
+  int top = -1, bottom = -1;       // SURCLR: table colours of the two sides, -1 the pen's
+  std::string visible = "BOTH";    // SURVIS: 'TOP', 'BOTTOM' or 'BOTH' sides of SURFCE
+  bool mesh = false;               // SURMSH: grid lines over SURSHD's cells
+  std::array<AxisRange, 3> range;  // set by GRAF3D
+  Camera cam;
+};
+
+// Colour-coded data and contours: the colour bar of GRAF3, colour points, contour labels.
+struct GridState {
+  bool bar = true;                 // NOBAR clears it
+  int bar_gap = 85, bar_shift = 0, bar_width = 85;  // VKXBAR, VKYBAR, WIDBAR
+  int colour_lo = 1, colour_hi = 254;  // COLRAN: the table entries of the Z axis
+  int auto_nx = 0, auto_ny = 0;    // AUTRES: colour points sized to fill the axis system
+  bool cut_points = true;          // SCLPAX: colour points cut at the axis system
+  double label_gap = 0.5;          // CONGAP: room around contour labels, character heights
+  double label_every = 6, label_least = 1.5;  // CONMOD: label spacing, shortest labelled line (label widths)
+  std::string label_text;          // CONLAB: text of contour labels; empty: the level
+  bool colour_axis = false;        // the current axis system has a Z axis (GRAF3, GRAF3D)
+  AxisRange z;                     // and this is it
 };
 
 struct MirvalState {
@@ -161,6 +196,7 @@ struct MirvalState {
   CurveState curve;
   LegendState legend;
   Space3D space;
+  GridState grid;
   Scene scene;
   FontTable fonts;
 };

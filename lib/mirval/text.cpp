@@ -18,8 +18,8 @@ constexpr double sup_scale = 0.6, sup_raise = 0.55;
 bool same(const char *a, const char *b) { return a && strcasecmp(a, b) == 0; }
 
 void set_font(const char *family, bool bold, bool italic) {
-  FontSpec &f = mirval_state().text.font;
-  f = FontSpec{};
+  FontChoice &f = mirval_state().text.font;
+  f = FontChoice{};
   f.family = family;
   f.bold = bold;
   f.italic = italic;
@@ -52,7 +52,8 @@ double text_length(const std::string &text, const std::string &sup, double h) {
 
 void put_text(const std::string &text, const std::string &sup, Pt at, double h, double angle,
               Just just, VAlign valign, Rgb rgb) {
-  if (text.empty() && sup.empty()) return;
+  // far beyond the page a position means nothing and would overflow the renderer
+  if ((text.empty() && sup.empty()) || !(std::fabs(at.x) < 1e7) || !(std::fabs(at.y) < 1e7)) return;
   int font = current_font();
   double size = font_size(font, h), w = text_length(text, sup, h);
   double a = angle * M_PI / 180;
@@ -89,11 +90,7 @@ extern "C" {
 
 void height(int nhchar) {
   mv_tracef("height(%d)", nhchar);
-  if (nhchar <= 0) {
-    mv_warn("height", "height must be positive (got %d)", nhchar);
-    return;
-  }
-  mirval_state().text.height = nhchar;
+  if (in_range("height", "height", nhchar, 1, 10000)) mirval_state().text.height = nhchar;
 }
 
 int gethgt(void) {
@@ -221,6 +218,11 @@ void ttfont(const char *c) {
     family.resize(family.size() - (name.size() - dot));
   set_font(family.c_str(), false, false);
   mirval_state().text.font.file = name;
+}
+
+int getang(void) {
+  mv_tracef("getang()");
+  return static_cast<int>(std::lround(mirval_state().text.angle));
 }
 
 }

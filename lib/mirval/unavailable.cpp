@@ -55,7 +55,6 @@ extern "C" {
 /*bmpmod*/ void bmpmod(int n, const char *c1, const char *c2) { mv_tracef("bmpmod(%d, %s, %s)", n, TSTR(c1), TSTR(c2)); mv_unavailable("bmpmod"); }
 /*box3d*/ void box3d(void) { mv_tracef("box3d()"); mv_unavailable("box3d"); }
 /*bufmod*/ void bufmod(const char *c1, const char *c2) { mv_tracef("bufmod(%s, %s)", TSTR(c1), TSTR(c2)); mv_unavailable("bufmod"); }
-/*center*/ void center(void) { mv_tracef("center()"); mv_unavailable("center"); }
 /*cgmbgd*/ void cgmbgd(float x1, float x2, float x3) { mv_tracef("cgmbgd(%g, %g, %g)", (double)x1, (double)x2, (double)x3); mv_unavailable("cgmbgd"); }
 /*cgmpic*/ void cgmpic(const char *c) { mv_tracef("cgmpic(%s)", TSTR(c)); mv_unavailable("cgmpic"); }
 /*cgmver*/ void cgmver(int n) { mv_tracef("cgmver(%d)", n); mv_unavailable("cgmver"); }
@@ -120,7 +119,6 @@ extern "C" {
 /*disk3d*/ void disk3d(float x1, float x2, float x3, float x4, float x5, int n1, int n2) { mv_tracef("disk3d(%g, %g, %g, %g, %g, %d, %d)", (double)x1, (double)x2, (double)x3, (double)x4, (double)x5, n1, n2); mv_unavailable("disk3d"); }
 /*doevnt*/ void doevnt(void) { mv_tracef("doevnt()"); mv_unavailable("doevnt"); }
 /*dwgmsg*/ void dwgmsg(const char *c) { mv_tracef("dwgmsg(%s)", TSTR(c)); mv_unavailable("dwgmsg"); }
-/*errbar*/ void errbar(const float * /*xray*/, const float * /*yray*/, const float * /*e1ray*/, const float * /*e2ray*/, int n) { mv_tracef("errbar(xray=%s, yray=%s, e1ray=%s, e2ray=%s, n=%d)", TARR(n, "floats"), TARR(n, "floats"), TARR(n, "floats"), TARR(n, "floats"), n); mv_unavailable("errbar"); }
 /*eushft*/ void eushft(const char *c1, const char *c2) { mv_tracef("eushft(%s, %s)", TSTR(c1), TSTR(c2)); mv_unavailable("eushft"); }
 /*expimg*/ void expimg(const char *c1, const char *c2) { mv_tracef("expimg(%s, %s)", TSTR(c1), TSTR(c2)); mv_unavailable("expimg"); }
 /*expzlb*/ void expzlb(const char *c) { mv_tracef("expzlb(%s)", TSTR(c)); mv_unavailable("expzlb"); }
@@ -141,11 +139,7 @@ extern "C" {
 /*gapcrv*/ void gapcrv(float x) { mv_tracef("gapcrv(%g)", (double)x); mv_unavailable("gapcrv"); }
 /*gapsiz*/ void gapsiz(float x, const char *c) { mv_tracef("gapsiz(%g, %s)", (double)x, TSTR(c)); mv_unavailable("gapsiz"); }
 /*gaxpar*/ void gaxpar(float v1, float v2, const char *copt, const char *cax, float *a, float *b, float *orig, float *step, int *ndig) { mv_tracef("gaxpar(v1=%g, v2=%g, copt=%s, cax=%s, a=out, b=out, orig=out, step=out, ndig=out)", (double)v1, (double)v2, TSTR(copt), TSTR(cax)); SET0(a); SET0(b); SET0(orig); SET0(step); SET0(ndig); mv_unavailable("gaxpar"); }
-/*getclp*/ void getclp(int *nx, int *ny, int *nw, int *nh) { mv_tracef("getclp(nx=out, ny=out, nw=out, nh=out)"); SET0(nx); SET0(ny); SET0(nw); SET0(nh); mv_unavailable("getclp"); }
-/*getdig*/ void getdig(int *nxdig, int *nydig, int *nzdig) { mv_tracef("getdig(nxdig=out, nydig=out, nzdig=out)"); SET0(nxdig); SET0(nydig); SET0(nzdig); mv_unavailable("getdig"); }
-/*getgrf*/ void getgrf(float *a, float *e, float *orig, float *step, const char *cax) { mv_tracef("getgrf(a=out, e=out, orig=out, step=out, cax=%s)", TSTR(cax)); SET0(a); SET0(e); SET0(orig); SET0(step); mv_unavailable("getgrf"); }
 /*getico*/ void getico(float x, float y, float *xp, float *yp) { mv_tracef("getico(x=%g, y=%g, xp=out, yp=out)", (double)x, (double)y); SET0(xp); SET0(yp); mv_unavailable("getico"); }
-/*getlab*/ void getlab(char *cxlab, char *cylab, char *czlab) { mv_tracef("getlab(cxlab=out, cylab=out, czlab=out)"); TEXT0(cxlab); TEXT0(cylab); TEXT0(czlab); mv_unavailable("getlab"); }
 /*getmat*/ void getmat(const float * /*xray*/, const float * /*yray*/, const float * /*zray*/, int n, float *zmat, int nx, int ny, float zval, int *imat, float *wmat) { mv_tracef("getmat(xray=%s, yray=%s, zray=%s, n=%d, zmat=%s, nx=%d, ny=%d, zval=%g, imat=%s, wmat=%s)", TARR(n, "floats"), TARR(n, "floats"), TARR(n, "floats"), n, TARR(nx*ny, "floats out"), nx, ny, (double)zval, TARR(nx*ny, "ints out"), TARR(nx*ny, "floats out")); ZERO(zmat, nx*ny); ZERO(imat, nx*ny); ZERO(wmat, nx*ny); mv_unavailable("getmat"); }
 /*getor*/ void getor(int *nx0, int *ny0) { mv_tracef("getor(nx0=out, ny0=out)"); SET0(nx0); SET0(ny0); mv_unavailable("getor"); }
 /*getran*/ void getran(int *nca, int *nce) { mv_tracef("getran(nca=out, nce=out)"); SET0(nca); SET0(nce); mv_unavailable("getran"); }
@@ -154,9 +148,6 @@ extern "C" {
 /*getscr*/ void getscr(int *nwpix, int *nhpix) { mv_tracef("getscr(nwpix=out, nhpix=out)"); SET0(nwpix); SET0(nhpix); mv_unavailable("getscr"); }
 /*getsp1*/ void getsp1(int *nxdis, int *nydis, int *nzdis) { mv_tracef("getsp1(nxdis=out, nydis=out, nzdis=out)"); SET0(nxdis); SET0(nydis); SET0(nzdis); mv_unavailable("getsp1"); }
 /*getsp2*/ void getsp2(int *nxdis, int *nydis, int *nzdis) { mv_tracef("getsp2(nxdis=out, nydis=out, nzdis=out)"); SET0(nxdis); SET0(nydis); SET0(nzdis); mv_unavailable("getsp2"); }
-/*getsym*/ void getsym(int *nsym, int *nhsym) { mv_tracef("getsym(nsym=out, nhsym=out)"); SET0(nsym); SET0(nhsym); mv_unavailable("getsym"); }
-/*gettcl*/ void gettcl(int *nmaj, int *nmin) { mv_tracef("gettcl(nmaj=out, nmin=out)"); SET0(nmaj); SET0(nmin); mv_unavailable("gettcl"); }
-/*gettic*/ void gettic(int *nxtic, int *nytic, int *nztic) { mv_tracef("gettic(nxtic=out, nytic=out, nztic=out)"); SET0(nxtic); SET0(nytic); SET0(nztic); mv_unavailable("gettic"); }
 /*getvk*/ void getvk(int *nytit, int *nxbar, int *nybar) { mv_tracef("getvk(nytit=out, nxbar=out, nybar=out)"); SET0(nytit); SET0(nxbar); SET0(nybar); mv_unavailable("getvk"); }
 /*getwin*/ void getwin(int *nx, int *ny, int *nw, int *nh) { mv_tracef("getwin(nx=out, ny=out, nw=out, nh=out)"); SET0(nx); SET0(ny); SET0(nw); SET0(nh); mv_unavailable("getwin"); }
 /*gifmod*/ void gifmod(const char *c1, const char *c2) { mv_tracef("gifmod(%s, %s)", TSTR(c1), TSTR(c2)); mv_unavailable("gifmod"); }
@@ -201,13 +192,11 @@ extern "C" {
 /*isopts*/ void isopts(const float * /*xray*/, int nx, const float * /*yray*/, int ny, const float * /*zray*/, int nz, const float * /*wmat*/, float wlev, float *xtri, float *ytri, float *ztri, int maxtri, int *ntri) { mv_tracef("isopts(xray=%s, nx=%d, yray=%s, ny=%d, zray=%s, nz=%d, wmat=%s, wlev=%g, xtri=%s, ytri=%s, ztri=%s, maxtri=%d, ntri=out)", TARR(nx, "floats"), nx, TARR(ny, "floats"), ny, TARR(nz, "floats"), nz, TARR(nx*ny*nz, "floats"), (double)wlev, TARR(maxtri, "floats out"), TARR(maxtri, "floats out"), TARR(maxtri, "floats out"), maxtri); ZERO(xtri, maxtri); ZERO(ytri, maxtri); ZERO(ztri, maxtri); SET0(ntri); mv_unavailable("isopts"); }
 /*jusbar*/ void jusbar(const char *c) { mv_tracef("jusbar(%s)", TSTR(c)); mv_unavailable("jusbar"); }
 /*labclr*/ void labclr(int n, const char *c) { mv_tracef("labclr(%d, %s)", n, TSTR(c)); mv_unavailable("labclr"); }
-/*labdis*/ void labdis(int n, const char *c) { mv_tracef("labdis(%d, %s)", n, TSTR(c)); mv_unavailable("labdis"); }
 /*labjus*/ void labjus(const char *c1, const char *c2) { mv_tracef("labjus(%s, %s)", TSTR(c1), TSTR(c2)); mv_unavailable("labjus"); }
 /*labl3d*/ void labl3d(const char *c) { mv_tracef("labl3d(%s)", TSTR(c)); mv_unavailable("labl3d"); }
 /*labmod*/ void labmod(const char *c1, const char *c2, const char *c3) { mv_tracef("labmod(%s, %s, %s)", TSTR(c1), TSTR(c2), TSTR(c3)); mv_unavailable("labmod"); }
 /*labpos*/ void labpos(const char *c1, const char *c2) { mv_tracef("labpos(%s, %s)", TSTR(c1), TSTR(c2)); mv_unavailable("labpos"); }
 /*labtyp*/ void labtyp(const char *c1, const char *c2) { mv_tracef("labtyp(%s, %s)", TSTR(c1), TSTR(c2)); mv_unavailable("labtyp"); }
-/*legbgd*/ void legbgd(int n) { mv_tracef("legbgd(%d)", n); mv_unavailable("legbgd"); }
 /*legpat*/ void legpat(int n1, int n2, int n3, int n4, int n5, int n6) { mv_tracef("legpat(%d, %d, %d, %d, %d, %d)", n1, n2, n3, n4, n5, n6); mv_unavailable("legpat"); }
 /*legsel*/ void legsel(const int * /*nray*/, int n) { mv_tracef("legsel(nray=%s, n=%d)", TARR(n, "ints"), n); mv_unavailable("legsel"); }
 /*legtbl*/ void legtbl(int n, const char *c) { mv_tracef("legtbl(%d, %s)", n, TSTR(c)); mv_unavailable("legtbl"); }
@@ -226,8 +215,6 @@ extern "C" {
 /*litop3*/ void litop3(int n, float x1, float x2, float x3, const char *c) { mv_tracef("litop3(%d, %g, %g, %g, %s)", n, (double)x1, (double)x2, (double)x3, TSTR(c)); mv_unavailable("litop3"); }
 /*litopt*/ void litopt(int n, float x, const char *c) { mv_tracef("litopt(%d, %g, %s)", n, (double)x, TSTR(c)); mv_unavailable("litopt"); }
 /*litpos*/ void litpos(int n, float x1, float x2, float x3, const char *c) { mv_tracef("litpos(%d, %g, %g, %g, %s)", n, (double)x1, (double)x2, (double)x3, TSTR(c)); mv_unavailable("litpos"); }
-/*lncap*/ void lncap(const char *c) { mv_tracef("lncap(%s)", TSTR(c)); mv_unavailable("lncap"); }
-/*lnjoin*/ void lnjoin(const char *c) { mv_tracef("lnjoin(%s)", TSTR(c)); mv_unavailable("lnjoin"); }
 /*lnmlt*/ void lnmlt(float x) { mv_tracef("lnmlt(%g)", (double)x); mv_unavailable("lnmlt"); }
 /*logtic*/ void logtic(const char *c) { mv_tracef("logtic(%s)", TSTR(c)); mv_unavailable("logtic"); }
 /*mapbas*/ void mapbas(const char *c) { mv_tracef("mapbas(%s)", TSTR(c)); mv_unavailable("mapbas"); }
@@ -328,12 +315,9 @@ extern "C" {
 /*rgtlab*/ void rgtlab(void) { mv_tracef("rgtlab()"); mv_unavailable("rgtlab"); }
 /*rimage*/ void rimage(const char *c) { mv_tracef("rimage(%s)", TSTR(c)); mv_unavailable("rimage"); }
 /*rlconn*/ void rlconn(float x1, float x2) { mv_tracef("rlconn(%g, %g)", (double)x1, (double)x2); mv_unavailable("rlconn"); }
-/*rlrnd*/ void rlrnd(float x1, float x2, float x3, float x4, int n) { mv_tracef("rlrnd(%g, %g, %g, %g, %d)", (double)x1, (double)x2, (double)x3, (double)x4, n); mv_unavailable("rlrnd"); }
 /*rlstrt*/ void rlstrt(float x1, float x2) { mv_tracef("rlstrt(%g, %g)", (double)x1, (double)x2); mv_unavailable("rlstrt"); }
-/*rlsymb*/ void rlsymb(int n, float x1, float x2) { mv_tracef("rlsymb(%d, %g, %g)", n, (double)x1, (double)x2); mv_unavailable("rlsymb"); }
 /*rlvec*/ void rlvec(float x1, float x2, float x3, float x4, int n) { mv_tracef("rlvec(%g, %g, %g, %g, %d)", (double)x1, (double)x2, (double)x3, (double)x4, n); mv_unavailable("rlvec"); }
 /*rlwind*/ void rlwind(float x1, float x2, float x3, int n, float x4) { mv_tracef("rlwind(%g, %g, %g, %d, %g)", (double)x1, (double)x2, (double)x3, n, (double)x4); mv_unavailable("rlwind"); }
-/*rndrec*/ void rndrec(int n1, int n2, int n3, int n4, int n5) { mv_tracef("rndrec(%d, %d, %d, %d, %d)", n1, n2, n3, n4, n5); mv_unavailable("rndrec"); }
 /*rot3d*/ void rot3d(float x1, float x2, float x3) { mv_tracef("rot3d(%g, %g, %g)", (double)x1, (double)x2, (double)x3); mv_unavailable("rot3d"); }
 /*rpixel*/ void rpixel(int ix, int iy, int *iclr) { mv_tracef("rpixel(ix=%d, iy=%d, iclr=out)", ix, iy); SET0(iclr); mv_unavailable("rpixel"); }
 /*rpixls*/ void rpixls(unsigned char *iray, int ix, int iy, int nw, int nh) { mv_tracef("rpixls(iray=out, ix=%d, iy=%d, nw=%d, nh=%d)", ix, iy, nw, nh); ZERO(iray, nw*nh); mv_unavailable("rpixls"); }
@@ -456,7 +440,6 @@ extern "C" {
 /*tiforg*/ void tiforg(int n1, int n2) { mv_tracef("tiforg(%d, %d)", n1, n2); mv_unavailable("tiforg"); }
 /*tifwin*/ void tifwin(int n1, int n2, int n3, int n4) { mv_tracef("tifwin(%d, %d, %d, %d)", n1, n2, n3, n4); mv_unavailable("tifwin"); }
 /*timopt*/ void timopt(void) { mv_tracef("timopt()"); mv_unavailable("timopt"); }
-/*titjus*/ void titjus(const char *c) { mv_tracef("titjus(%s)", TSTR(c)); mv_unavailable("titjus"); }
 /*titpos*/ void titpos(const char *c) { mv_tracef("titpos(%s)", TSTR(c)); mv_unavailable("titpos"); }
 /*torus3d*/ void torus3d(float x1, float x2, float x3, float x4, float x5, float x6, float x7, float x8, int n1, int n2) { mv_tracef("torus3d(%g, %g, %g, %g, %g, %g, %g, %g, %d, %d)", (double)x1, (double)x2, (double)x3, (double)x4, (double)x5, (double)x6, (double)x7, (double)x8, n1, n2); mv_unavailable("torus3d"); }
 /*tprfin*/ void tprfin(void) { mv_tracef("tprfin()"); mv_unavailable("tprfin"); }
@@ -571,22 +554,15 @@ extern "C" {
 /*fitstyp*/ int fitstyp(const char *c) { mv_tracef("fitstyp(%s)", TSTR(c)); mv_unavailable("fitstyp"); return 0; }
 /*fitsval*/ int fitsval(const char *c) { mv_tracef("fitsval(%s)", TSTR(c)); mv_unavailable("fitsval"); return 0; }
 /*getalf*/ const char *getalf(void) { mv_tracef("getalf()"); mv_unavailable("getalf"); return ""; }
-/*getang*/ int getang(void) { mv_tracef("getang()"); mv_unavailable("getang"); return 0; }
 /*getblk*/ int getblk(void) { mv_tracef("getblk()"); mv_unavailable("getblk"); return 0; }
 /*getdfl*/ int getdfl(void) { mv_tracef("getdfl()"); mv_unavailable("getdfl"); return 0; }
 /*getdsp*/ const char *getdsp(void) { mv_tracef("getdsp()"); mv_unavailable("getdsp"); return ""; }
-/*gethnm*/ int gethnm(void) { mv_tracef("gethnm()"); mv_unavailable("gethnm"); return 0; }
-/*getlin*/ int getlin(void) { mv_tracef("getlin()"); mv_unavailable("getlin"); return 0; }
 /*getlit*/ int getlit(float xp, float yp, float zp, float xn, float yn, float zn) { mv_tracef("getlit(%g, %g, %g, %g, %g, %g)", (double)xp, (double)yp, (double)zp, (double)xn, (double)yn, (double)zn); mv_unavailable("getlit"); return 0; }
 /*getplv*/ int getplv(void) { mv_tracef("getplv()"); mv_unavailable("getplv"); return 0; }
-/*getmfl*/ const char *getmfl(void) { mv_tracef("getmfl()"); mv_unavailable("getmfl"); return ""; }
 /*getmix*/ const char *getmix(const char *c) { mv_tracef("getmix(%s)", TSTR(c)); mv_unavailable("getmix"); return ""; }
-/*getpat*/ int getpat(void) { mv_tracef("getpat()"); mv_unavailable("getpat"); return 0; }
 /*getshf*/ const char *getshf(const char *c) { mv_tracef("getshf(%s)", TSTR(c)); mv_unavailable("getshf"); return ""; }
-/*gettyp*/ int gettyp(void) { mv_tracef("gettyp()"); mv_unavailable("gettyp"); return 0; }
 /*getuni*/ int getuni(void) { mv_tracef("getuni()"); mv_unavailable("getuni"); return 0; }
 /*getver*/ double getver(void) { mv_tracef("getver()"); mv_unavailable("getver"); return 0.0; }
-/*getvlt*/ const char *getvlt(void) { mv_tracef("getvlt()"); mv_unavailable("getvlt"); return ""; }
 /*getwid*/ int getwid(void) { mv_tracef("getwid()"); mv_unavailable("getwid"); return 0; }
 /*getxid*/ int getxid(const char *c) { mv_tracef("getxid(%s)", TSTR(c)); mv_unavailable("getxid"); return 0; }
 /*gmxalf*/ const char *gmxalf(const char *copt, char *c1, char *c2) { mv_tracef("gmxalf(copt=%s, c1=out, c2=out)", TSTR(copt)); TEXT0(c1); TEXT0(c2); mv_unavailable("gmxalf"); return ""; }

@@ -4,7 +4,6 @@
 #include "binding/call.h"
 
 #include "core/error.h"
-#include "core/statement.h"
 #include "lang/lexer.h"
 #include "lang/parser.h"
 #include "mirval.h"
@@ -18,6 +17,7 @@ int idxpar[MAXPAR];
 int ipar[MAXPAR];
 float xpar[MAXPAR];
 void *cpar[MAXPAR];
+int ccnt[MAXPAR];
 int nipar = 0, nxpar = 0, nspar = 0, npar = 0;
 
 // The class letters of one value's type.
@@ -170,6 +170,7 @@ int set_mirpar() {
   nipar = nxpar = nspar = 0;
   std::memset(xpar, 0, sizeof xpar);
   std::memset(cpar, 0, sizeof cpar);
+  std::memset(ccnt, 0, sizeof ccnt);
   for (int k = 0; k < npar && k < MAXPAR; ++k) {
     if (ipar[k] == -1) continue;
     const StackEntry &e = stacklist[k];
@@ -187,6 +188,7 @@ int set_mirpar() {
         n.level = static_cast<int8_t>(g_nlevel);
         n.value.i = 0;
         idxpar[k] = index;
+        continue;  // a new output variable takes no place in the lists
       }
       v = &varlist[index];
     }
@@ -196,6 +198,7 @@ int set_mirpar() {
       case T_FLOAT: xpar[nxpar++] = v->value.f; break;
       case T_DOUBLE: xpar[nxpar++] = static_cast<float>(v->value.d); break;
       case T_STRING: case T_CHARR: case T_BYTER: case T_INTR: case T_FLOATR:
+        ccnt[nspar] = v->count;
         cpar[nspar++] = v->value.p;
         break;
       default: break;
@@ -216,19 +219,6 @@ int exec_par(const char *name, int number, int kind) {
     return 1;
   }
   return 0;
-}
-
-int exec_routine(const char *name, int) {
-  free_stack(0);
-  return not_available(name);
-}
-
-int exec_function(const char *name, int, int index) {
-  free_stack(0);
-  varlist[index].type = T_INT;
-  varlist[index].count = 1;
-  varlist[index].value.i = 0;
-  return not_available(name);
 }
 
 int32_t get_ivalue(const StackEntry *e, int *code) {

@@ -11,6 +11,7 @@ extern int idxpar[MAXPAR];
 extern int ipar[MAXPAR];
 extern float xpar[MAXPAR];
 extern void *cpar[MAXPAR];
+extern int ccnt[MAXPAR];  // element count of each cpar entry
 extern int nipar, nxpar, nspar, npar;
 
 const char *get_stackstr(int first);
@@ -21,6 +22,10 @@ int set_mirpar();
 int exec_par(const char *name, int number, int kind);
 int exec_routine(const char *name, int number);
 int exec_function(const char *name, int number, int index);
+
+// Set once the output format is chosen (METAFL, or MIRINI with a device from "-D"), so
+// that a quick plot keeps it.
+extern int g_imeta;
 
 int32_t get_ivalue(const StackEntry *e, int *code);
 double get_dvalue(const StackEntry *e, int *code);

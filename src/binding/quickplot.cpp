@@ -4,6 +4,7 @@
 
 #include "binding/call.h"
 #include "binding/sysvar.h"
+#include "builtins/stdf.h"
 #include "core/error.h"
 #include "lang/parser.h"
 #include "lang/subscript.h"
@@ -14,25 +15,17 @@
 #include <cstdlib>
 #include <vector>
 
-int imetafl = 0;
-
 // Axis settings X, Y, Z kept between plots: lower end, upper end, first label, label step.
 static float xa[3], xe[3], xor_[3], xstp[3];
 
 static const char *const axis_letter[3] = {"X", "Y", "Z"};
 
-// One argument as a FLOAT array: a variable is resolved first. Null (after "Undefined
-// identifier") for an unknown name; `isfloat` tells whether it is a FLOAT array.
+// One argument, its variable when it names one; `isfloat` tells whether it is a FLOAT
+// array. None (after "Undefined identifier") for an unknown name.
 static const VarRecord *argument(int k, bool *isfloat) {
-  const VarRecord *v = &stacklist[k];
-  if (v->type == T_REF) {
-    if (v->value.ref < 0) {
-      char_error("Undefined identifier", v->name);
-      return nullptr;
-    }
-    v = &varlist[v->value.ref];
-  }
-  *isfloat = v->type == T_FLOATR;
+  int type;
+  const VarRecord *v = get_varptr(k, &type);
+  *isfloat = v && type == T_FLOATR;
   return v;
 }
 
@@ -65,7 +58,7 @@ static void ini_plot() {
     if (index < 0 || get_dvalue(&varlist[index], &code) == 1.0) erase();
     reset("setscl");
   } else {
-    if (!imetafl) metafl(qqwchk() ? "xwin" : "cons");
+    if (!g_imeta) metafl(qqwchk() ? "xwin" : "cons");
     mirini();
     complx();
     nochek();

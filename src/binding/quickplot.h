@@ -7,6 +7,3 @@ int plot3r_zkl();
 int contour_zkl(int shaded);
 int surf3_zkl(int kind);
 
-// Set once an output format was chosen (METAFL, or MIRINI with a "-D" device): the quick
-// plots then keep it instead of choosing the screen or a file themselves.
-extern int imetafl;

@@ -48,7 +48,7 @@ const char *get_text(const VarRecord *rec);
 // Replaces the entries from `base` up by one INT.
 void put_int(int base, int32_t value);
 // Storage for `n` elements of `size` bytes, zero-filled; none after "Not enough memory" when
-// n is below 1 or the size exceeds MAXRESULT.
+// n is negative or the size exceeds MAXRESULT.
 void *alloc_result(int64_t n, size_t size);
 
 double clock_stdf();

@@ -3,6 +3,8 @@
 #include "core/interactive.h"
 
 #include "binding/call.h"
+#include "builtins/fileio.h"
+#include "core/datafile.h"
 #include "core/error.h"
 #include "core/reader.h"
 #include "lang/lexer.h"
@@ -155,6 +157,8 @@ int logoff_zkl() {
 int exit_zkl() {
   if (ilog == 1 && fplog) std::fclose(fplog);
   ilog = 0;
+  datcls();
+  exit_io();
   std::fflush(stdout);
   std::exit(0);
 }

@@ -136,15 +136,19 @@ int call_zkl(int kind, const char *name) {
     return 1;
   }
   std::memcpy(usrproc.name, pname, sizeof pname);
-  int l = level - 1;
-  usrproc.kind[l] = static_cast<int8_t>(kind == 1 ? 0 : 1);
-  usrproc.nparam[l] = n;
+  enter_level(kind == 1 ? 0 : 1, n, nkey, result);
+  return 0;
+}
+
+void enter_level(int kind, int nparam, int nkey, int resvar) {
+  int l = g_nlevel;
+  usrproc.kind[l] = static_cast<int8_t>(kind);
+  usrproc.nparam[l] = nparam;
   usrproc.nkey[l] = nkey;
-  usrproc.resvar[l] = result;
+  usrproc.resvar[l] = resvar;
   usrproc.bufpos[l] = nstrec;
   usrproc.returned[l] = false;
-  g_nlevel = level;
-  return 0;
+  g_nlevel = l + 1;
 }
 
 // Ends the level after an error in the parameter binding.

@@ -26,6 +26,9 @@ int extern_zkl();
 int end_zkl();
 int exec_include();
 int inczkl(const char *name);
+// Opens the next procedure level for a procedure of `kind` (0 CALL, 1 function, 2 and 3
+// callbacks) with its parameter counts and result variable.
+void enter_level(int kind, int nparam, int nkey, int resvar);
 // Pushes the file of a procedure (not an included file) for CALL and callbacks.
 int push_procedure(const char *file);
 int exec_init(const char *name, int index);

@@ -37,8 +37,6 @@ FILE *fplog = nullptr;
 unsigned char ilabop[8];
 unsigned char included[MAXFILES];
 
-static char crec[RECLEN + 1];
-static char cstmt[STMTLEN + 1];
 
 void lowstr(char *text) {
   for (; *text; ++text)
@@ -175,8 +173,19 @@ FILE *open_file(const char *name) {
   return f;
 }
 
-// The statement being assembled across records.
-static int nkeep, overflow, inquote, qchar, depth, nblank, contin;
+// The record read and the statement being assembled across records. A callback procedure
+// runs the reader again from inside a statement; it keeps the outer reader's copy aside.
+struct Assembly {
+  char crec[RECLEN + 1];
+  char cstmt[STMTLEN + 1];
+  int nkeep, overflow, inquote, qchar, depth, nblank, contin;
+};
+static Assembly as;
+static char *const crec = as.crec;
+static char *const cstmt = as.cstmt;
+static int &nkeep = as.nkeep, &overflow = as.overflow, &inquote = as.inquote, &qchar = as.qchar;
+static int &depth = as.depth, &nblank = as.nblank, &contin = as.contin;
+static int reading = 0;  // nesting of exec_file
 
 static void clear_statement() { nkeep = overflow = inquote = qchar = depth = nblank = contin = 0; }
 
@@ -282,7 +291,7 @@ static bool read_record() {
     std::printf("ZKL> ");
     std::fflush(stdout);
   }
-  return std::fgets(crec, sizeof crec, fp) != nullptr;
+  return std::fgets(crec, RECLEN + 1, fp) != nullptr;
 }
 
 // The end of the current file; false when reading stops.
@@ -307,12 +316,18 @@ static bool end_of_file() {
 }
 
 void exec_file() {
+  Assembly outer;
+  if (reading++ > 0) outer = as;
   inext = 1;
   clear_statement();
   for (;;) {
     if (!read_record()) {
-      if (end_of_file()) continue;
-      break;
+      if (!end_of_file()) break;
+      if (inext != 1 && reading > 1) {  // the callback procedure was closed at its end
+        inext = 1;
+        break;
+      }
+      continue;
     }
     ++nrec;
     if (g_intact == 1 && ilog == 1 && fplog) std::fputs(crec, fplog);
@@ -326,7 +341,17 @@ void exec_file() {
     scan_record();
     if (contin) continue;
     finish_statement();
-    if (inext != 1 && !end_of_file()) break;
+    if (inext != 1) {
+      if (reading > 1) {  // a callback procedure has ended: back to the library
+        inext = 1;
+        break;
+      }
+      if (!end_of_file()) break;
+    }
+  }
+  if (--reading > 0) {
+    as = outer;
+    return;
   }
   if (iflev != 0) error("Missing END IF");
   if (const char *label = pending_label()) char_error("Label not found:", label);

@@ -254,15 +254,27 @@ int exec_assign(const char *name) {
       lexan();  // the "(": the arguments follow
       if (exec_par(fname, number, 2)) return 1;
     }
-    if (index >= 0) free_var(index);
+    // The old value may be an argument of the call (S = ITMSTR(S, 1)): its record is free
+    // for the result at once, its storage is released after the call.
+    VarRecord old{};
+    if (index >= 0) {
+      old = varlist[index];
+      varlist[index].type = T_FREE;
+    }
     result = find_freevar();
-    if (result < 0) return 1;
+    if (result < 0) {
+      release_storage(&old);
+      free_stack(0);
+      return 1;
+    }
     set_name(&varlist[result], name);
     varlist[result].level = static_cast<int8_t>(g_nlevel);
     varlist[result].ndim = 1;
     if (number >= 0) {
       exec_function(fname, number, result);
+      release_storage(&old);
     } else {
+      release_storage(&old);
       varlist[result].type = T_INT;
       varlist[result].count = 1;
       varlist[result].value.i = 0;

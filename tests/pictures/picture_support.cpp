@@ -1,0 +1,141 @@
+#include "picture_support.h"
+#include "mirval.h"
+#include "state.h"
+
+#include <cairo.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <cstdlib>
+#include <fstream>
+#include <regex>
+#include <sstream>
+#include <sys/stat.h>
+#include <unistd.h>
+
+void PictureTest::SetUp() {
+  char buf[4096];
+  old_dir_ = getcwd(buf, sizeof buf) ? buf : ".";
+  char tmpl[] = "/tmp/mirval-pictures-XXXXXX";
+  ASSERT_NE(mkdtemp(tmpl), nullptr);
+  dir_ = tmpl;
+  ASSERT_EQ(chdir(dir_.c_str()), 0);
+  if (getlev() > 0) mirfin();
+  errmod("ALL", "ON");
+  reset("ALL");
+}
+
+void PictureTest::TearDown() {
+  if (getlev() > 0) mirfin();
+  ASSERT_EQ(chdir(old_dir_.c_str()), 0);
+  std::string cmd = "rm -rf '" + dir_ + "'";
+  ASSERT_EQ(std::system(cmd.c_str()), 0);
+}
+
+std::string read_file(const std::string &name) {
+  std::ifstream in(name, std::ios::binary);
+  std::ostringstream s;
+  s << in.rdbuf();
+  return s.str();
+}
+
+bool file_exists(const std::string &name) {
+  struct stat st;
+  return stat(name.c_str(), &st) == 0;
+}
+
+std::vector<SvgStroke> svg_strokes(const std::string &svg) {
+  std::vector<SvgStroke> out;
+  std::regex path_re("<path style=\"(fill:none;[^\"]*)\" d=\"([^\"]*)\"");
+  for (auto it = std::sregex_iterator(svg.begin(), svg.end(), path_re); it != std::sregex_iterator(); ++it) {
+    SvgStroke s;
+    s.style = (*it)[1];
+    std::istringstream d((*it)[2].str());
+    std::string tok;
+    while (d >> tok) {
+      if (tok == "M" || tok == "L" || tok == "C") {
+        if (tok != "M") ++s.segments;
+        continue;
+      }
+      if (tok == "Z") continue;
+      double x = std::stod(tok), y;
+      d >> y;
+      s.pts.push_back({x, y});
+    }
+    out.push_back(s);
+  }
+  return out;
+}
+
+bool has_line(const std::vector<SvgStroke> &strokes, double x0, double y0, double x1, double y1) {
+  auto near = [](std::pair<double, double> p, double x, double y) {
+    return std::fabs(p.first - x) < 0.1 && std::fabs(p.second - y) < 0.1;
+  };
+  for (const SvgStroke &s : strokes)
+    for (size_t i = 0; i + 1 < s.pts.size(); ++i)
+      if ((near(s.pts[i], x0, y0) && near(s.pts[i + 1], x1, y1)) ||
+          (near(s.pts[i], x1, y1) && near(s.pts[i + 1], x0, y0)))
+        return true;
+  return false;
+}
+
+std::vector<std::string> page_texts() {
+  std::vector<std::string> out;
+  for (const Item &it : mirval_state().scene.current().items)
+    if (it.kind == ItemKind::Text) out.push_back(it.text);
+  return out;
+}
+
+namespace {
+
+struct Ink {
+  int w = 0, h = 0;
+  std::vector<char> on;
+};
+
+Ink ink_of(const std::string &png) {
+  Ink ink;
+  cairo_surface_t *s = cairo_image_surface_create_from_png(png.c_str());
+  if (cairo_surface_status(s) == CAIRO_STATUS_SUCCESS) {
+    ink.w = cairo_image_surface_get_width(s);
+    ink.h = cairo_image_surface_get_height(s);
+    int stride = cairo_image_surface_get_stride(s);
+    const unsigned char *data = cairo_image_surface_get_data(s);
+    for (int y = 0; y < ink.h; ++y)
+      for (int x = 0; x < ink.w; ++x) {
+        uint32_t p;
+        std::memcpy(&p, data + y * stride + 4 * x, 4);
+        int r = (p >> 16) & 255, g = (p >> 8) & 255, b = p & 255;
+        ink.on.push_back(std::min({r, g, b}) < 160);
+      }
+  }
+  cairo_surface_destroy(s);
+  return ink;
+}
+
+// Share of the ink of a that has no ink of b nearby.
+double unmatched(const Ink &a, const Ink &b, int radius) {
+  long total = 0, lost = 0;
+  for (int y = 0; y < a.h; ++y)
+    for (int x = 0; x < a.w; ++x) {
+      if (!a.on[y * a.w + x]) continue;
+      ++total;
+      bool found = false;
+      for (int dy = -radius; dy <= radius && !found; ++dy)
+        for (int dx = -radius; dx <= radius && !found; ++dx) {
+          int u = x + dx, v = y + dy;
+          found = u >= 0 && v >= 0 && u < b.w && v < b.h && b.on[v * b.w + u];
+        }
+      lost += !found;
+    }
+  return total ? double(lost) / total : 0;
+}
+
+}  // namespace
+
+double ink_mismatch(const std::string &png_a, const std::string &png_b, int radius) {
+  Ink a = ink_of(png_a), b = ink_of(png_b);
+  if (a.w == 0 || a.w != b.w || a.h != b.h) return 1;
+  return std::max(unmatched(a, b, radius), unmatched(b, a, radius));
+}

@@ -1,0 +1,37 @@
+// Helpers of the picture tests: a temporary working directory with the library back at its
+// defaults, reading the files it writes, and comparing pictures.
+#pragma once
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+// Each test runs in a fresh temporary directory with the library closed and reset.
+class PictureTest : public ::testing::Test {
+ protected:
+  void SetUp() override;
+  void TearDown() override;
+  std::string dir_, old_dir_;
+};
+
+std::string read_file(const std::string &name);
+bool file_exists(const std::string &name);
+
+// A stroked path of an SVG file: its points in plot units (the renderer draws strokes in
+// plot units and gives the scale as the transform).
+struct SvgStroke {
+  std::string style;
+  std::vector<std::pair<double, double>> pts;
+  size_t segments = 0;  // number of 'L' and 'C' commands
+};
+std::vector<SvgStroke> svg_strokes(const std::string &svg);
+// Whether a stroke goes straight from (x0, y0) to (x1, y1), within 0.1 plot units.
+bool has_line(const std::vector<SvgStroke> &strokes, double x0, double y0, double x1, double y1);
+
+// Texts of the current page, in drawing order.
+std::vector<std::string> page_texts();
+
+// Compares two RGB pictures of the same size by their ink (pixels darker or more coloured
+// than the paper): returns the share of ink pixels of either picture that have no ink
+// pixel of the other within 'radius' pixels.
+double ink_mismatch(const std::string &png_a, const std::string &png_b, int radius);
