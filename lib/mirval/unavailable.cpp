@@ -30,7 +30,6 @@ extern "C" {
 /*abs3pt*/ void abs3pt(float x, float y, float z, float *xp, float *yp) { mv_tracef("abs3pt(x=%g, y=%g, z=%g, xp=out, yp=out)", (double)x, (double)y, (double)z); SET0(xp); SET0(yp); mv_unavailable("abs3pt"); }
 /*addlab*/ void addlab(const char *c1, float x, int n, const char *c2) { mv_tracef("addlab(%s, %g, %d, %s)", TSTR(c1), (double)x, n, TSTR(c2)); mv_unavailable("addlab"); }
 /*ax2grf*/ void ax2grf(void) { mv_tracef("ax2grf()"); mv_unavailable("ax2grf"); }
-/*autres*/ void autres(int n1, int n2) { mv_tracef("autres(%d, %d)", n1, n2); mv_unavailable("autres"); }
 /*autres3d*/ void autres3d(int n1, int n2, int n3) { mv_tracef("autres3d(%d, %d, %d)", n1, n2, n3); mv_unavailable("autres3d"); }
 /*axclrs*/ void axclrs(int n, const char *c1, const char *c2) { mv_tracef("axclrs(%d, %s, %s)", n, TSTR(c1), TSTR(c2)); mv_unavailable("axclrs"); }
 /*axends*/ void axends(const char *c1, const char *c2) { mv_tracef("axends(%s, %s)", TSTR(c1), TSTR(c2)); mv_unavailable("axends"); }
@@ -71,7 +70,6 @@ extern "C" {
 /*clrcyc*/ void clrcyc(int n1, int n2) { mv_tracef("clrcyc(%d, %d)", n1, n2); mv_unavailable("clrcyc"); }
 /*clrmod*/ void clrmod(const char *c) { mv_tracef("clrmod(%s)", TSTR(c)); mv_unavailable("clrmod"); }
 /*clswin*/ void clswin(int n) { mv_tracef("clswin(%d)", n); mv_unavailable("clswin"); }
-/*colran*/ void colran(int n1, int n2) { mv_tracef("colran(%d, %d)", n1, n2); mv_unavailable("colran"); }
 /*colray*/ void colray(const float * /*zray*/, int *nray, int n) { mv_tracef("colray(zray=%s, nray=%s, n=%d)", TARR(n, "floats"), TARR(n, "ints out"), n); ZERO(nray, n); mv_unavailable("colray"); }
 /*conclr*/ void conclr(const int * /*nray*/, int n) { mv_tracef("conclr(nray=%s, n=%d)", TARR(n, "ints"), n); mv_unavailable("conclr"); }
 /*concrv*/ void concrv(const float * /*xray*/, const float * /*yray*/, int n, float zlev) { mv_tracef("concrv(xray=%s, yray=%s, n=%d, zlev=%g)", TARR(n, "floats"), TARR(n, "floats"), n, (double)zlev); mv_unavailable("concrv"); }
@@ -91,7 +89,6 @@ extern "C" {
 /*contur*/ void contur(const float * /*xray*/, int nx, const float * /*yray*/, int ny, const float * /*zmat*/, float zlev) { mv_tracef("contur(xray=%s, nx=%d, yray=%s, ny=%d, zmat=%s, zlev=%g)", TARR(nx, "floats"), nx, TARR(ny, "floats"), ny, TARR(nx*ny, "floats"), (double)zlev); mv_unavailable("contur"); }
 /*contur2*/ void contur2(const float * /*xmat*/, const float * /*ymat*/, const float * /*zmat*/, int nx, int ny, float zlev) { mv_tracef("contur2(xmat=%s, ymat=%s, zmat=%s, nx=%d, ny=%d, zlev=%g)", TARR(nx*ny, "floats"), TARR(nx*ny, "floats"), TARR(nx*ny, "floats"), nx, ny, (double)zlev); mv_unavailable("contur2"); }
 /*cross*/ void cross(void) { mv_tracef("cross()"); mv_unavailable("cross"); }
-/*crvmat*/ void crvmat(const float * /*zmat*/, int nx, int ny, int ixpts, int iypts) { mv_tracef("crvmat(zmat=%s, nx=%d, ny=%d, ixpts=%d, iypts=%d)", TARR(nx*ny, "floats"), nx, ny, ixpts, iypts); mv_unavailable("crvmat"); }
 /*crvqdr*/ void crvqdr(const float * /*xray*/, const float * /*yray*/, const float * /*zray*/, int n) { mv_tracef("crvqdr(xray=%s, yray=%s, zray=%s, n=%d)", TARR(n, "floats"), TARR(n, "floats"), TARR(n, "floats"), n); mv_unavailable("crvqdr"); }
 /*crvt3d*/ void crvt3d(const float * /*xray*/, const float * /*yray*/, const float * /*zray*/, const float * /*rray*/, const int * /*icray*/, int n) { mv_tracef("crvt3d(xray=%s, yray=%s, zray=%s, rray=%s, icray=%s, n=%d)", TARR(n, "floats"), TARR(n, "floats"), TARR(n, "floats"), TARR(n, "floats"), TARR(n, "ints"), n); mv_unavailable("crvt3d"); }
 /*crvtri*/ void crvtri(const float * /*xray*/, const float * /*yray*/, const float * /*zray*/, int n, const int * /*i1ray*/, const int * /*i2ray*/, const int * /*i3ray*/, int ntri) { mv_tracef("crvtri(xray=%s, yray=%s, zray=%s, n=%d, i1ray=%s, i2ray=%s, i3ray=%s, ntri=%d)", TARR(n, "floats"), TARR(n, "floats"), TARR(n, "floats"), n, TARR(ntri, "ints"), TARR(ntri, "ints"), TARR(ntri, "ints"), ntri); mv_unavailable("crvtri"); }
@@ -106,10 +103,7 @@ extern "C" {
 /*csruni*/ void csruni(const char *c) { mv_tracef("csruni(%s)", TSTR(c)); mv_unavailable("csruni"); }
 /*curv3d*/ void curv3d(const float * /*xray*/, const float * /*yray*/, const float * /*zray*/, int n) { mv_tracef("curv3d(xray=%s, yray=%s, zray=%s, n=%d)", TARR(n, "floats"), TARR(n, "floats"), TARR(n, "floats"), n); mv_unavailable("curv3d"); }
 /*curv4d*/ void curv4d(const float * /*xray*/, const float * /*yray*/, const float * /*zray*/, const float * /*wray*/, int n) { mv_tracef("curv4d(xray=%s, yray=%s, zray=%s, wray=%s, n=%d)", TARR(n, "floats"), TARR(n, "floats"), TARR(n, "floats"), TARR(n, "floats"), n); mv_unavailable("curv4d"); }
-/*curve3*/ void curve3(const float * /*x*/, const float * /*y*/, const float * /*z*/, int n) { mv_tracef("curve3(x=%s, y=%s, z=%s, n=%d)", TARR(n, "floats"), TARR(n, "floats"), TARR(n, "floats"), n); mv_unavailable("curve3"); }
 /*curvmp*/ void curvmp(const float * /*x*/, const float * /*y*/, int n) { mv_tracef("curvmp(x=%s, y=%s, n=%d)", TARR(n, "floats"), TARR(n, "floats"), n); mv_unavailable("curvmp"); }
-/*curvx3*/ void curvx3(const float * /*xray*/, float y, const float * /*zray*/, int n) { mv_tracef("curvx3(xray=%s, y=%g, zray=%s, n=%d)", TARR(n, "floats"), (double)y, TARR(n, "floats"), n); mv_unavailable("curvx3"); }
-/*curvy3*/ void curvy3(float x, const float * /*yray*/, const float * /*zray*/, int n) { mv_tracef("curvy3(x=%g, yray=%s, zray=%s, n=%d)", (double)x, TARR(n, "floats"), TARR(n, "floats"), n); mv_unavailable("curvy3"); }
 /*cyli3d*/ void cyli3d(float x1, float x2, float x3, float x4, float x5, int n1, int n2) { mv_tracef("cyli3d(%g, %g, %g, %g, %g, %d, %d)", (double)x1, (double)x2, (double)x3, (double)x4, (double)x5, n1, n2); mv_unavailable("cyli3d"); }
 /*dbffin*/ void dbffin(void) { mv_tracef("dbffin()"); mv_unavailable("dbffin"); }
 /*dbfmod*/ void dbfmod(const char *c) { mv_tracef("dbfmod(%s)", TSTR(c)); mv_unavailable("dbfmod"); }
@@ -153,7 +147,6 @@ extern "C" {
 /*gifmod*/ void gifmod(const char *c1, const char *c2) { mv_tracef("gifmod(%s, %s)", TSTR(c1), TSTR(c2)); mv_unavailable("gifmod"); }
 /*gothic*/ void gothic(void) { mv_tracef("gothic()"); mv_unavailable("gothic"); }
 /*grace*/ void grace(int n) { mv_tracef("grace(%d)", n); mv_unavailable("grace"); }
-/*graf3*/ void graf3(float xa, float xe, float xor_, float xstp, float ya, float ye, float yor, float ystp, float za, float ze, float zor, float zstp) { mv_tracef("graf3(%g, %g, %g, %g, %g, %g, %g, %g, %g, %g, %g, %g)", (double)xa, (double)xe, (double)xor_, (double)xstp, (double)ya, (double)ye, (double)yor, (double)ystp, (double)za, (double)ze, (double)zor, (double)zstp); mv_unavailable("graf3"); }
 /*graf3d*/ void graf3d(float xa, float xe, float xor_, float xstp, float ya, float ye, float yor, float ystp, float za, float ze, float zor, float zstp) { mv_tracef("graf3d(%g, %g, %g, %g, %g, %g, %g, %g, %g, %g, %g, %g)", (double)xa, (double)xe, (double)xor_, (double)xstp, (double)ya, (double)ye, (double)yor, (double)ystp, (double)za, (double)ze, (double)zor, (double)zstp); mv_unavailable("graf3d"); }
 /*grafmp*/ void grafmp(float xa, float xe, float xor_, float xstp, float ya, float ye, float yor, float ystp) { mv_tracef("grafmp(%g, %g, %g, %g, %g, %g, %g, %g)", (double)xa, (double)xe, (double)xor_, (double)xstp, (double)ya, (double)ye, (double)yor, (double)ystp); mv_unavailable("grafmp"); }
 /*grafp*/ void grafp(float xe, float xor_, float xstp, float yor, float ystp) { mv_tracef("grafp(%g, %g, %g, %g, %g)", (double)xe, (double)xor_, (double)xstp, (double)yor, (double)ystp); mv_unavailable("grafp"); }
@@ -251,7 +244,6 @@ extern "C" {
 /*neglog*/ void neglog(float x) { mv_tracef("neglog(%g)", (double)x); mv_unavailable("neglog"); }
 /*newmix*/ void newmix(void) { mv_tracef("newmix()"); mv_unavailable("newmix"); }
 /*noarln*/ void noarln(void) { mv_tracef("noarln()"); mv_unavailable("noarln"); }
-/*nobar*/ void nobar(void) { mv_tracef("nobar()"); mv_unavailable("nobar"); }
 /*nobgd*/ void nobgd(void) { mv_tracef("nobgd()"); mv_unavailable("nobgd"); }
 /*nofill*/ void nofill(void) { mv_tracef("nofill()"); mv_unavailable("nofill"); }
 /*nograf*/ void nograf(void) { mv_tracef("nograf()"); mv_unavailable("nograf"); }
@@ -484,8 +476,6 @@ extern "C" {
 /*vecopt*/ void vecopt(float x, const char *c) { mv_tracef("vecopt(%g, %s)", (double)x, TSTR(c)); mv_unavailable("vecopt"); }
 /*vector*/ void vector(int nx1, int ny1, int nx2, int ny2, int ivec) { mv_tracef("vector(%d, %d, %d, %d, %d)", nx1, ny1, nx2, ny2, ivec); mv_unavailable("vector"); }
 /*vfoc3d*/ void vfoc3d(float x1, float x2, float x3, const char *c) { mv_tracef("vfoc3d(%g, %g, %g, %s)", (double)x1, (double)x2, (double)x3, TSTR(c)); mv_unavailable("vfoc3d"); }
-/*vkxbar*/ void vkxbar(int n) { mv_tracef("vkxbar(%d)", n); mv_unavailable("vkxbar"); }
-/*vkybar*/ void vkybar(int n) { mv_tracef("vkybar(%d)", n); mv_unavailable("vkybar"); }
 /*vltfil*/ void vltfil(const char *c1, const char *c2) { mv_tracef("vltfil(%s, %s)", TSTR(c1), TSTR(c2)); mv_unavailable("vltfil"); }
 /*vscl3d*/ void vscl3d(float x) { mv_tracef("vscl3d(%g)", (double)x); mv_unavailable("vscl3d"); }
 /*vtx3d*/ void vtx3d(const float * /*xray*/, const float * /*yray*/, const float * /*zray*/, int n, const char *copt) { mv_tracef("vtx3d(xray=%s, yray=%s, zray=%s, n=%d, copt=%s)", TARR(n, "floats"), TARR(n, "floats"), TARR(n, "floats"), n, TSTR(copt)); mv_unavailable("vtx3d"); }
@@ -493,7 +483,6 @@ extern "C" {
 /*vtxn3d*/ void vtxn3d(const float * /*xray*/, const float * /*yray*/, const float * /*zray*/, const float * /*xn*/, const float * /*yn*/, const float * /*zn*/, int n, const char *copt) { mv_tracef("vtxn3d(xray=%s, yray=%s, zray=%s, xn=%s, yn=%s, zn=%s, n=%d, copt=%s)", TARR(n, "floats"), TARR(n, "floats"), TARR(n, "floats"), TARR(n, "floats"), TARR(n, "floats"), TARR(n, "floats"), n, TSTR(copt)); mv_unavailable("vtxn3d"); }
 /*vup3d*/ void vup3d(float x) { mv_tracef("vup3d(%g)", (double)x); mv_unavailable("vup3d"); }
 /*wgfin*/ void wgfin(void) { mv_tracef("wgfin()"); mv_unavailable("wgfin"); }
-/*widbar*/ void widbar(int n) { mv_tracef("widbar(%d)", n); mv_unavailable("widbar"); }
 /*wimage*/ void wimage(const char *c) { mv_tracef("wimage(%s)", TSTR(c)); mv_unavailable("wimage"); }
 /*wincbk*/ void wincbk(MvWindowCb /*cb*/, const char *copt) { mv_tracef("wincbk(cb=callback, copt=%s)", TSTR(copt)); mv_unavailable("wincbk"); }
 /*windbr*/ void windbr(float x1, int n1, int n2, int n3, float x2) { mv_tracef("windbr(%g, %d, %d, %d, %g)", (double)x1, n1, n2, n3, (double)x2); mv_unavailable("windbr"); }
@@ -589,7 +578,6 @@ extern "C" {
 /*nxpixl*/ int nxpixl(int ix, int iy) { mv_tracef("nxpixl(%d, %d)", ix, iy); mv_unavailable("nxpixl"); return 0; }
 /*nylegn*/ int nylegn(const char *cbuf) { mv_tracef("nylegn(%s)", TSTR(cbuf)); mv_unavailable("nylegn"); return 0; }
 /*nypixl*/ int nypixl(int ix, int iy) { mv_tracef("nypixl(%d, %d)", ix, iy); mv_unavailable("nypixl"); return 0; }
-/*nzposn*/ int nzposn(float z) { mv_tracef("nzposn(%g)", (double)z); mv_unavailable("nzposn"); return 0; }
 /*openfl*/ int openfl(const char *cfil, int nlu, int irw) { mv_tracef("openfl(%s, %d, %d)", TSTR(cfil), nlu, irw); mv_unavailable("openfl"); return 0; }
 /*pdfbuf*/ int pdfbuf(void *iray, int nmax) { mv_tracef("pdfbuf(iray=%s, nmax=%d)", TARR(nmax, "bytes out"), nmax); ZERO(iray, nmax); mv_unavailable("pdfbuf"); return 0; }
 /*posifl*/ int posifl(int nu, int nbyte) { mv_tracef("posifl(%d, %d)", nu, nbyte); mv_unavailable("posifl"); return 0; }
@@ -637,7 +625,5 @@ extern "C" {
 /*y3drel*/ double y3drel(float x, float y, float z) { mv_tracef("y3drel(%g, %g, %g)", (double)x, (double)y, (double)z); mv_unavailable("y3drel"); return 0.0; }
 /*z3dpos*/ double z3dpos(float x, float y, float z) { mv_tracef("z3dpos(%g, %g, %g)", (double)x, (double)y, (double)z); mv_unavailable("z3dpos"); return 0.0; }
 /*zbfini*/ int zbfini(void) { mv_tracef("zbfini()"); mv_unavailable("zbfini"); return 0; }
-/*rpoint*/ void rpoint(float x, float y, float z, int nw, int nh) { mv_tracef("rpoint(%g, %g, %g, %d, %d)", (double)x, (double)y, (double)z, nw, nh); mv_unavailable("rpoint"); }
-/*sclpax*/ void sclpax(int iopt) { mv_tracef("sclpax(%d)", iopt); mv_unavailable("sclpax"); }
 
 }  // extern "C"

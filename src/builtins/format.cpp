@@ -32,7 +32,7 @@ struct Spec {
   bool too_wide;      // a width or precision beyond MAXFIELD
 };
 
-// Reads the specification that starts at fmt[i] == '%'; `i` moves past it.
+// Reads the conversion that starts at fmt[i] == '%'; `i` moves past it.
 static Spec read_spec(const std::string &fmt, size_t &i) {
   Spec s{"", '\0', -1, 0, false};
   int run = -1;  // value of the digit run being read
