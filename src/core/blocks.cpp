@@ -299,21 +299,35 @@ static int do_statement(int tok2) {
   return 0;
 }
 
+// The INT in parentheses after WHILE or SWITCH; false (after its message) when the head is
+// faulty: the construct then stays unopened.
+static bool head_value(int tok2, const char *what, int32_t *value) {
+  if (tok2 != '(') {
+    error("Syntax error - expected '('");
+    return false;
+  }
+  parse(0);
+  char msg[64];
+  bool ok = false;
+  if (g_nstack != 1) {
+    std::snprintf(msg, sizeof msg, "Syntax error in %s statement", what);
+    error(msg);
+  } else if (stacklist[0].type != T_INT) {
+    std::snprintf(msg, sizeof msg, "Expression in %s statement must be of type INT", what);
+    error(msg);
+  } else {
+    *value = stacklist[0].value.i;
+    ok = true;
+  }
+  free_stack(0);
+  return ok;
+}
+
 static int while_statement(int tok2) {
   if (!open_loop()) return 0;
   DoRecord &d = dolist[ilplev];
-  if (tok2 != '(') {
-    error("Syntax error - expected '('");
-    return 0;
-  }
-  parse(0);
-  int value = 0;
-  bool ok = false;
-  if (g_nstack != 1) error("Syntax error in WHILE statement");
-  else if (stacklist[0].type != T_INT) error("Expression in WHILE statement must be of type INT");
-  else value = stacklist[0].value.i, ok = true;
-  free_stack(0);
-  if (!ok) return 0;
+  int32_t value;
+  if (!head_value(tok2, "WHILE", &value)) return 0;
   d.skipped = 0;
   if (replaying()) {
     d.restart = nstptr;
@@ -466,18 +480,8 @@ static int switch_statement(int tok2) {
     return 0;
   }
   iswopt = 1;
-  if (tok2 != '(') {
-    error("Syntax error - expected '('");
-    return 0;
-  }
-  parse(0);
-  int32_t value = 0;
-  bool ok = false;
-  if (g_nstack != 1) error("Syntax error in SWITCH statement");
-  else if (stacklist[0].type != T_INT) error("Expression in SWITCH statement must be of type INT");
-  else value = stacklist[0].value.i, ok = true;
-  free_stack(0);
-  if (!ok) return 0;
+  int32_t value;
+  if (!head_value(tok2, "SWITCH", &value)) return 0;
   s.value = value;
   s.skipped = 0;
   ++iswlev;

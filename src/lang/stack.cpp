@@ -198,6 +198,13 @@ static void release_and_pop() {
   pop_stack();
 }
 
+// "%" and the logical operators need INT operands: the upper entry goes, the lower stays.
+static int refuse_integer_op(int op) {
+  error(op == '%' ? "Modulo operands must be of type integer" : "AND operands must be of type INT");
+  pop_stack();
+  return 1;
+}
+
 template <typename T>
 static int int_scalar(int op, T *a, T b, StackEntry &l, bool is_int) {
   if (is_arith(op)) {
@@ -206,12 +213,9 @@ static int int_scalar(int op, T *a, T b, StackEntry &l, bool is_int) {
       pop_stack();
       return 1;
     }
+  } else if (!is_compare(op) && !is_int) {
+    return refuse_integer_op(op);
   } else if (op == '%') {
-    if (!is_int) {
-      error("Modulo operands must be of type integer");
-      pop_stack();
-      return 1;
-    }
     if (b == 0) {
       error("Divide by zero");
       pop_stack();
@@ -222,11 +226,6 @@ static int int_scalar(int op, T *a, T b, StackEntry &l, bool is_int) {
     l.value.i = compare(op, *a, b);
     l.type = T_INT;
   } else {
-    if (!is_int) {
-      error("AND operands must be of type INT");
-      pop_stack();
-      return 1;
-    }
     bool x = *a != 0, y = b != 0;
     l.value.i = op == TK_AND ? (x && y) : op == TK_OR ? (x || y) : (x != y);
   }
@@ -246,9 +245,7 @@ static int float_scalar(int op, T *a, T b, StackEntry &l) {
     l.value.i = compare(op, *a, b);
     l.type = T_INT;
   } else {
-    error(op == '%' ? "Modulo operands must be of type integer" : "AND operands must be of type INT");
-    pop_stack();
-    return 1;
+    return refuse_integer_op(op);
   }
   pop_stack();
   return 0;
@@ -269,9 +266,7 @@ static int complex_scalar(int op, StackEntry &l, StackEntry &u) {
     l.value.i = op == TK_EQ ? same : op == TK_NE ? !same : 0;
     l.type = T_INT;
   } else {
-    error(op == '%' ? "Modulo operands must be of type integer" : "AND operands must be of type INT");
-    pop_stack();
-    return 1;
+    return refuse_integer_op(op);
   }
   pop_stack();
   return 0;
@@ -311,9 +306,8 @@ static int string_scalar(int op, StackEntry &l, StackEntry &u) {
     error("Not allowed operands");
     return 1;
   }
-  error(op == '%' ? "Modulo operands must be of type integer" : "AND operands must be of type INT");
-  release_and_pop();
-  return 1;
+  release_storage(&u);
+  return refuse_integer_op(op);
 }
 
 int exec_stack(int op) {
