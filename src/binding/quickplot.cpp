@@ -46,6 +46,21 @@ static bool float_arrays(int n, std::vector<const VarRecord *> &args, const char
   return true;
 }
 
+// Exactly n FLOAT arrays of one length (PLOT3 and PLOT3R share the count message).
+static bool equal_arrays(int n, std::vector<const VarRecord *> &args, const char *type_msg, const char *size_msg) {
+  if (g_nstack != n) {
+    error("Illegal number of parameters in PLOT3");
+    return false;
+  }
+  if (!float_arrays(n, args, type_msg)) return false;
+  for (int k = 1; k < n; ++k)
+    if (args[k]->count != args[0]->count) {
+      error(size_msg);
+      return false;
+    }
+  return true;
+}
+
 static int fail() {
   free_stack(0);
   return 1;
@@ -162,15 +177,8 @@ int plot_zkl(int mode) {
 
 int plot3_zkl() {
   std::vector<const VarRecord *> a;
-  if (g_nstack != 3) {
-    error("Illegal number of parameters in PLOT3");
+  if (!equal_arrays(3, a, "Parameters in PLOT3 must be floatingpoint arrays", "Mismatch of array sizes in PLOT3"))
     return fail();
-  }
-  if (!float_arrays(3, a, "Parameters in PLOT3 must be floatingpoint arrays")) return fail();
-  if (a[0]->count != a[1]->count || a[0]->count != a[2]->count) {
-    error("Mismatch of array sizes in PLOT3");
-    return fail();
-  }
   ini_plot();
   setvar(-1);
   for (int axis = 0; axis < 3; ++axis) {
@@ -188,17 +196,9 @@ int plot3_zkl() {
 
 int plot3r_zkl() {
   std::vector<const VarRecord *> a;
-  if (g_nstack != 5) {
-    error("Illegal number of parameters in PLOT3");
+  if (!equal_arrays(5, a, "Parameters in PLOT3R must be floatingpoint arrays", "Mismatch of array sizes in PLOT3R"))
     return fail();
-  }
-  if (!float_arrays(5, a, "Parameters in PLOT3R must be floatingpoint arrays")) return fail();
   int n = a[0]->count;
-  for (int k = 1; k < 5; ++k)
-    if (a[k]->count != n) {
-      error("Mismatch of array sizes in PLOT3R");
-      return fail();
-    }
   // X from both XA and XE, Y from both YA and YE, Z from Z.
   float range[3][2];
   for (int axis = 0; axis < 2; ++axis) {
