@@ -28,6 +28,7 @@ test: build build-asan
 
 demo: build
 	cd examples && ../$(BUILD)/mirzkl demo.zkl
+	@echo "The picture is $(CURDIR)/examples/mirval.png"
 
 bench: build
 	bench/run.sh $(BUILD)
