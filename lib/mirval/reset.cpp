@@ -24,6 +24,7 @@ const CurveState curve0;
 const LegendState legend0;
 const PageState page0;
 const Space3D space0;
+const GridState grid0;
 
 void each_axis(MirvalState &s, void (*f)(AxisSettings &, const AxisSettings &)) {
   for (int i = 0; i < 3; ++i) f(s.axes.axis[i], axes0.axis[i]);
@@ -77,6 +78,21 @@ const Entry entries[] = {
     {"VIEW3D", [](MirvalState &s) { std::copy(space0.view, space0.view + 3, s.space.view), s.space.view_mode = space0.view_mode; }},
     {"SHDMOD", [](MirvalState &s) { s.space.shading.clear(); }},
     {"SETRES", [](MirvalState &s) { s.page.xres = page0.xres, s.page.yres = page0.yres; }},
+    {"VANG3D", [](MirvalState &s) { s.space.vang = space0.vang; }},
+    {"VUP3D", [](MirvalState &s) { s.space.vup = space0.vup; }},
+    {"SURCLR", [](MirvalState &s) { s.space.top = space0.top, s.space.bottom = space0.bottom; }},
+    {"SURVIS", [](MirvalState &s) { s.space.visible = space0.visible; }},
+    {"SURMSH", [](MirvalState &s) { s.space.mesh = space0.mesh; }},
+    {"NOBAR", [](MirvalState &s) { s.grid.bar = grid0.bar; }},
+    {"VKXBAR", [](MirvalState &s) { s.grid.bar_gap = grid0.bar_gap; }},
+    {"VKYBAR", [](MirvalState &s) { s.grid.bar_shift = grid0.bar_shift; }},
+    {"WIDBAR", [](MirvalState &s) { s.grid.bar_width = grid0.bar_width; }},
+    {"COLRAN", [](MirvalState &s) { s.grid.colour_lo = grid0.colour_lo, s.grid.colour_hi = grid0.colour_hi; }},
+    {"AUTRES", [](MirvalState &s) { s.grid.auto_nx = grid0.auto_nx, s.grid.auto_ny = grid0.auto_ny; }},
+    {"SCLPAX", [](MirvalState &s) { s.grid.cut_points = grid0.cut_points; }},
+    {"CONGAP", [](MirvalState &s) { s.grid.label_gap = grid0.label_gap; }},
+    {"CONMOD", [](MirvalState &s) { s.grid.label_every = grid0.label_every, s.grid.label_least = grid0.label_least; }},
+    {"CONLAB", [](MirvalState &s) { s.grid.label_text = grid0.label_text; }},
 };
 
 // Output settings can change only while no page is open.

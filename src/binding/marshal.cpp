@@ -22,9 +22,37 @@ bool Marshal::next(const char *want) {
 
 bool Marshal::is(const char *want) const { return std::strcmp(cur, want) == 0; }
 
-int Marshal::integer() { return ni < MAXPAR ? ipar[ni++] : 0; }
+// Remembers what the argument at this position hands the library, for the size rule.
+static void note(Marshal &m, long long n) {
+  if (m.pos >= 0 && m.pos < MAXPAR) m.given[m.pos] = n;
+}
+
+int Marshal::integer() {
+  int n = ni < MAXPAR ? ipar[ni++] : 0;
+  note(*this, n);
+  return n;
+}
+
 float Marshal::real() { return nx < MAXPAR ? xpar[nx++] : 0.0f; }
-void *Marshal::pointer() { return ns < MAXPAR ? cpar[ns++] : nullptr; }
+
+void *Marshal::pointer() {
+  note(*this, ns < MAXPAR ? ccnt[ns] : 0);
+  return ns < MAXPAR ? cpar[ns++] : nullptr;
+}
+
+void *Marshal::bytes() {
+  void *p = pointer();
+  const VarRecord *r = record();
+  bool wide = r->type == T_INTR || r->type == T_FLOATR;  // four bytes an element
+  if (p && r->value.p == p && wide) note(*this, 4LL * r->count);
+  return p;
+}
+
+short *Marshal::shorts() {
+  VarRecord *r = record();
+  note(*this, r->count);
+  return static_cast<short *>(r->value.p);
+}
 
 VarRecord *Marshal::record() {
   int p = pos < MAXPAR ? pos : MAXPAR - 1;
@@ -33,6 +61,14 @@ VarRecord *Marshal::record() {
 
 void Marshal::mismatch() {
   if (!failed) std::printf(" >>>> Binding of %s does not fit its argument codes\n", name);
+  failed = true;
+}
+
+void Marshal::check_sizes() {
+  if (failed || sizes_fit(rule, given, MAXPAR)) return;
+  char msg[64];
+  std::snprintf(msg, sizeof msg, "Array too small in %s", name);
+  error(msg);
   failed = true;
 }
 
@@ -69,9 +105,11 @@ void *Marshal::output(OutKind scalar, OutKind array, int elem) {
   }
   OutArg &o = out[nout++];
   o = OutArg{count ? array : scalar, idxpar[pos < MAXPAR ? pos : MAXPAR - 1], 0, 0, nullptr, count};
+  note(*this, 1);
   if (o.kind == OUT_FLOAT) return &o.f;
   if (o.kind == OUT_INT) return &o.i;
   size_t n = o.kind == OUT_TEXT ? static_cast<size_t>(count ? count : TEXTLEN) + 1 : count;
+  note(*this, n);
   o.data = my_calloc(n, elem);
   failed = !o.data;
   return o.data;

@@ -4,6 +4,7 @@
 // codes and C types disagree cannot pass unnoticed.
 #pragma once
 #include "binding/call.h"
+#include "binding/sizes.h"
 #include "lang/value.h"
 
 #include <cstdint>
@@ -25,26 +26,35 @@ struct Marshal {
   const char *name;   // upper-case routine name, for messages
   const char *code;   // declared codes not yet used
   const char *sizes;  // output array sizes, one word per U: "-" scalar, "k" or "k*l" I inputs
+  const char *rule;   // what the arrays must hold (sizes.h), or null
   char cur[4] = "";   // the code of the argument being filled
   int pos = -1;       // its position
   int ni = 0, nx = 0, ns = 0;  // entries used of ipar, xpar, cpar
   int nout = 0;
   OutArg out[MAXPAR];
+  // What each argument hands the library: the elements of an array, the value of an integer.
+  long long given[MAXPAR] = {};
   bool failed = false;
 
-  Marshal(const char *n, const char *c, const char *s = nullptr) : name(n), code(c), sizes(s) {}
+  Marshal(const char *n, const char *c, const char *s = nullptr)
+      : name(n), code(c), sizes(s), rule(size_rule(n)) {}
   // Moves to the next argument code; false when it is not `want`.
   bool next(const char *want);
   bool is(const char *want) const;
   int integer();
   float real();
   void *pointer();
+  void *bytes();      // an untyped array: its size counts bytes
+  short *shorts();    // a SHORT array, read through the argument
   // The record of the argument at this position (its variable, or the stack entry).
   VarRecord *record();
   // A place for the output at this position; null after a reported failure.
   void *output(OutKind scalar, OutKind array, int elem);
   // Marks a binding whose declared codes and C types disagree.
   void mismatch();
+  // Refuses the call, with "Array too small in NAME", when an array is shorter than the rule
+  // of the routine asks for.
+  void check_sizes();
   // Writes the outputs back into their variables, or drops them after a failure.
   void write_back();
   void discard();
@@ -114,14 +124,14 @@ template <> struct Arg<unsigned char *> {
 };
 template <> struct Arg<short *> {  // SHORT arrays are not sorted: read through the argument
   static short *take(Marshal &m) {
-    return m.next("HR") ? static_cast<short *>(m.record()->value.p) : (m.mismatch(), nullptr);
+    return m.next("HR") ? m.shorts() : (m.mismatch(), nullptr);
   }
 };
 template <> struct Arg<void *> {
-  static void *take(Marshal &m) { return m.next("AR") ? m.pointer() : (m.mismatch(), nullptr); }
+  static void *take(Marshal &m) { return m.next("AR") ? m.bytes() : (m.mismatch(), nullptr); }
 };
 template <> struct Arg<const void *> {
-  static const void *take(Marshal &m) { return m.next("AR") ? m.pointer() : (m.mismatch(), nullptr); }
+  static const void *take(Marshal &m) { return m.next("AR") ? m.bytes() : (m.mismatch(), nullptr); }
 };
 
 // The C arguments of `fn`, taken in order (a braced list is evaluated left to right).
@@ -129,6 +139,7 @@ template <class R, class... P>
 std::tuple<P...> gather(R (*)(P...), Marshal &m) {
   std::tuple<P...> args{Arg<P>::take(m)...};
   if (*m.code) m.mismatch();  // more declared codes than C parameters
+  m.check_sizes();
   return args;
 }
 

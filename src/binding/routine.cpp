@@ -75,7 +75,9 @@ static int rpxrow_r(Marshal &m) {
 // The map shading routines get a private copy of the second array, n integers long.
 template <auto F>
 static int shade_r(Marshal &m) {
-  int n = ipar[0];
+  auto args = gather(F, m);
+  if (m.failed) return 1;
+  int n = std::get<3>(args);
   if (n <= 0) {
     error("Non positive parameter");
     return 1;
@@ -85,8 +87,10 @@ static int shade_r(Marshal &m) {
     report("Not enough memory in %s", m.name);
     return 1;
   }
-  if (cpar[1]) std::memcpy(copy, cpar[1], sizeof(int) * std::min(n, ccnt[1]));
-  F(static_cast<const int *>(cpar[0]), copy, static_cast<const int *>(cpar[2]), n);
+  if (const int *second = std::get<1>(args))
+    std::memcpy(copy, second, sizeof(int) * std::min<long long>(n, m.given[1]));
+  std::get<1>(args) = copy;
+  std::apply(F, args);
   std::free(copy);
   return 0;
 }
