@@ -18,6 +18,7 @@ int ipar[MAXPAR];
 float xpar[MAXPAR];
 void *cpar[MAXPAR];
 int ccnt[MAXPAR];
+long long cbytes[MAXPAR];
 int nipar = 0, nxpar = 0, nspar = 0, npar = 0;
 
 // The class letters of one value's type.
@@ -171,6 +172,7 @@ int set_mirpar() {
   std::memset(xpar, 0, sizeof xpar);
   std::memset(cpar, 0, sizeof cpar);
   std::memset(ccnt, 0, sizeof ccnt);
+  std::memset(cbytes, 0, sizeof cbytes);
   for (int k = 0; k < npar && k < MAXPAR; ++k) {
     if (ipar[k] == -1) continue;
     const StackEntry &e = stacklist[k];
@@ -199,6 +201,7 @@ int set_mirpar() {
       case T_DOUBLE: xpar[nxpar++] = static_cast<float>(v->value.d); break;
       case T_STRING: case T_CHARR: case T_BYTER: case T_INTR: case T_FLOATR:
         ccnt[nspar] = v->count;
+        cbytes[nspar] = v->type == T_STRING ? v->count + 1LL : static_cast<long long>(v->count) * array_size(v->type);
         cpar[nspar++] = v->value.p;
         break;
       default: break;

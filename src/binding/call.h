@@ -12,6 +12,7 @@ extern int ipar[MAXPAR];
 extern float xpar[MAXPAR];
 extern void *cpar[MAXPAR];
 extern int ccnt[MAXPAR];  // element count of each cpar entry
+extern long long cbytes[MAXPAR];  // storage size of each cpar entry in bytes
 extern int nipar, nxpar, nspar, npar;
 
 const char *get_stackstr(int first);

@@ -35,6 +35,7 @@ void reg_callback(char *slot, const char *name) { qqscpy(slot, name, CBNAMELEN);
 struct CallState {
   std::vector<StackEntry> stack;
   int idx[MAXPAR], ip[MAXPAR], cc[MAXPAR], ni, nx, ns, np;
+  long long cb[MAXPAR];
   float xp[MAXPAR];
   void *cp[MAXPAR];
 
@@ -44,6 +45,7 @@ struct CallState {
     std::memcpy(idx, idxpar, sizeof idx);
     std::memcpy(ip, ipar, sizeof ip);
     std::memcpy(cc, ccnt, sizeof cc);
+    std::memcpy(cb, cbytes, sizeof cb);
     std::memcpy(xp, xpar, sizeof xp);
     std::memcpy(cp, cpar, sizeof cp);
     ni = nipar, nx = nxpar, ns = nspar, np = npar;
@@ -55,6 +57,7 @@ struct CallState {
     std::memcpy(idxpar, idx, sizeof idx);
     std::memcpy(ipar, ip, sizeof ip);
     std::memcpy(ccnt, cc, sizeof cc);
+    std::memcpy(cbytes, cb, sizeof cb);
     std::memcpy(xpar, xp, sizeof xp);
     std::memcpy(cpar, cp, sizeof cp);
     nipar = ni, nxpar = nx, nspar = ns, npar = np;

@@ -40,6 +40,12 @@ void *Marshal::pointer() {
   return ns < MAXPAR ? cpar[ns++] : nullptr;
 }
 
+const char *Marshal::text() {
+  long long size = ns < MAXPAR ? cbytes[ns] : 0;
+  const char *p = static_cast<const char *>(pointer());
+  return p && size > 0 && std::memchr(p, 0, static_cast<size_t>(size)) ? p : "";
+}
+
 void *Marshal::bytes() {
   void *p = pointer();
   const VarRecord *r = record();

@@ -44,6 +44,9 @@ struct Marshal {
   int integer();
   float real();
   void *pointer();
+  // The next pointer as a text; "" when its storage holds no NUL (an earlier output
+  // variable can take a text's place in the list, and the library must not read past it).
+  const char *text();
   void *bytes();      // an untyped array: its size counts bytes
   short *shorts();    // a SHORT array, read through the argument
   // The record of the argument at this position (its variable, or the stack entry).
@@ -74,7 +77,7 @@ template <> struct Arg<short> {  // SHORT values are read from the argument itse
 };
 template <> struct Arg<const char *> {
   static const char *take(Marshal &m) {
-    return m.next("S") ? static_cast<const char *>(m.pointer()) : (m.mismatch(), nullptr);
+    return m.next("S") ? m.text() : (m.mismatch(), nullptr);
   }
 };
 template <> struct Arg<char *> {  // a text output, or a text the routine changes in place
