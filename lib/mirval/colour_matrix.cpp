@@ -7,6 +7,7 @@
 #include "messages.h"
 #include "mirval.h"
 #include "scaling.h"
+#include "text.h"
 #include "trace.h"
 
 #include <algorithm>
@@ -52,6 +53,16 @@ void colour_bar() {
   ax.sides[3] = 4;
   axis_side(3);
   ax = saved;
+}
+
+// How far the bar with its ticks, labels and name reaches right of the axis system.
+double bar_room(const AxisRange &z) {
+  const MirvalState &st = mirval_state();
+  const AxisSettings &s = st.axes.axis[2];
+  double widest = 0;
+  for (const AxisLabel &l : axis_labels(s, z)) widest = std::max(widest, text_length(l.text, l.sup, st.text.height));
+  double name = s.name.empty() ? 0 : s.namdis + st.axes.hname;
+  return st.grid.bar_gap + st.grid.bar_width + st.axes.ticlen_major + s.labdis + widest + name + st.text.height / 2;
 }
 
 bool colour_axis(const char *routine) {
@@ -137,14 +148,22 @@ void graf3(float xa, float xe, float xor_, float xstp, float ya, float ye, float
             (double)zor, (double)zstp);
   if (!mv_level("graf3", 1, 1)) return;
   MirvalState &st = mirval_state();
-  const AxesState &ax = st.axes;
+  AxesState &ax = st.axes;
   std::array<AxisRange, 2> r;
   AxisRange z;
-  if (!axis_range("graf3", 0, xa, xe, xor_, xstp, ax.len[0], r[0]) ||
-      !axis_range("graf3", 1, ya, ye, yor, ystp, ax.len[1], r[1]) ||
-      !axis_range("graf3", 2, za, ze, zor, zstp, ax.len[1], z))
+  if (!axis_range("graf3", 2, za, ze, zor, zstp, ax.len[1], z)) return;
+  // the X axis gives way where the bar would not fit on the page beside it
+  int length = ax.len[0];
+  if (st.grid.bar) {
+    int room = static_cast<int>(std::ceil(bar_room(z)));
+    length = std::clamp(st.page.width - ax.posx - room, std::min(length, 100), length);
+  }
+  if (!axis_range("graf3", 0, xa, xe, xor_, xstp, length, r[0]) ||
+      !axis_range("graf3", 1, ya, ye, yor, ystp, ax.len[1], r[1]))
     return;
+  std::swap(ax.len[0], length);
   axis_system(r);
+  std::swap(ax.len[0], length);
   st.grid.colour_axis = true;
   st.grid.z = z;
   if (st.grid.bar) colour_bar();

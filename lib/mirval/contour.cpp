@@ -213,19 +213,33 @@ std::vector<std::vector<std::vector<Pt>>> contour_layers(const GridData &g, cons
 }
 
 std::vector<Pt> simplify(const std::vector<Pt> &line, double tol) {
+  // the points dropped since the last kept one must all stay within tol of the straight line
+  // that replaces them; runs are kept short so that the checks stay linear overall
+  const size_t longest_run = 64;
   std::vector<Pt> out;
-  for (size_t k = 0; k < line.size(); ++k) {
-    Pt p = line[k];
-    if (!out.empty() && k + 1 < line.size() && std::hypot(p.x - out.back().x, p.y - out.back().y) < tol) continue;
-    // the last kept point goes when the line from the one before it to p passes within tol
-    if (out.size() >= 2) {
-      Pt a = out[out.size() - 2], b = out.back();
-      double dx = p.x - a.x, dy = p.y - a.y, len = std::hypot(dx, dy);
-      double ahead = (b.x - a.x) * dx + (b.y - a.y) * dy;
-      if (len > 0 && std::fabs((b.x - a.x) * dy - (b.y - a.y) * dx) / len < tol && ahead > 0 && ahead < len * len)
-        out.pop_back();
+  size_t anchor = 0;  // index in 'line' of the last kept point
+  auto off_line = [&](size_t from, size_t to) {
+    Pt a = line[from], b = line[to];
+    double dx = b.x - a.x, dy = b.y - a.y, len = std::hypot(dx, dy);
+    for (size_t k = from + 1; k < to; ++k) {
+      Pt p = line[k];
+      double d = len > 0 ? std::fabs((p.x - a.x) * dy - (p.y - a.y) * dx) / len : std::hypot(p.x - a.x, p.y - a.y);
+      double along = (p.x - a.x) * dx + (p.y - a.y) * dy;
+      if (d >= tol || along < 0 || along > len * len) return true;
     }
-    out.push_back(p);
+    return false;
+  };
+  if (line.empty()) return out;
+  out.push_back(line[0]);
+  for (size_t k = 1; k < line.size(); ++k) {
+    bool last = k + 1 == line.size();
+    if (!last && std::hypot(line[k].x - out.back().x, line[k].y - out.back().y) < tol) continue;
+    // line[k - 1] is kept when the line to line[k] would pass too far from the points before
+    if (k - 1 > anchor && (k - anchor > longest_run || off_line(anchor, k))) {
+      out.push_back(line[k - 1]);
+      anchor = k - 1;
+    }
+    if (last) out.push_back(line[k]);
   }
   return out;
 }
@@ -296,12 +310,13 @@ std::vector<Pt> to_page(const std::vector<Pt> &line) {
 // Finer than a raster pixel and than print can show.
 constexpr double page_tolerance = 0.3;
 
-// The text on the lines of a level, or empty when LABELS(..., 'CONTOUR') asks for none.
-std::string level_text(double level) {
+// The text on the lines of a level (and its raised exponent), or an empty text when
+// LABELS(..., 'CONTOUR') asks for none.
+AxisLabel level_text(double level) {
   const MirvalState &st = mirval_state();
-  if (!st.grid.label_text.empty()) return st.grid.label_text;
+  if (!st.grid.label_text.empty()) return {level, st.grid.label_text, ""};
   auto it = st.axes.other_labels.find("CONTOUR");
-  if (it == st.axes.other_labels.end() || it->second == LabelType::None) return "";
+  if (it == st.axes.other_labels.end() || it->second == LabelType::None) return {level, "", ""};
   AxisSettings s = st.axes.axis[2];
   s.labels = it->second;
   // automatic decimals: exact values as they are, others to three significant digits
@@ -310,7 +325,7 @@ std::string level_text(double level) {
   AxisRange r;
   r.a = r.e = r.org = level;
   std::vector<AxisLabel> l = axis_labels(s, r);
-  return l.empty() ? "" : l[0].text + l[0].sup;
+  return l.empty() ? AxisLabel{level, "", ""} : l[0];
 }
 
 // Draws the lines of one level in the pen's style, with labels along them: every CONMOD
@@ -319,8 +334,9 @@ void draw_level(const std::vector<std::vector<Pt>> &lines, double level) {
   const MirvalState &st = mirval_state();
   const GridState &g = st.grid;
   Rect clip = user_clip();
-  std::string text = level_text(level);
-  double h = st.text.height, width = text.empty() ? 0 : text_length(text, "", h) + 2 * g.label_gap * h;
+  AxisLabel label = level_text(level);
+  const std::string &text = label.text;
+  double h = st.text.height, width = text.empty() ? 0 : text_length(text, label.sup, h) + 2 * g.label_gap * h;
   Item it;
   it.kind = ItemKind::Stroke;
   it.rgb = pen_rgb();
@@ -347,11 +363,12 @@ void draw_level(const std::vector<std::vector<Pt>> &lines, double level) {
       Pt a = point_at(line, s - width / 2), b = point_at(line, s + width / 2);
       Pt c = point_at(line, s);
       // a line that turns sharply under the label would cross it
-      if (std::hypot(b.x - a.x, b.y - a.y) < 0.8 * width || !inside(c, clip)) continue;
+      Rect room{clip.x0 + h, clip.y0 + h, clip.x1 - h, clip.y1 - h};  // labels keep off the frame
+      if (std::hypot(b.x - a.x, b.y - a.y) < 0.8 * width || !inside(a, room) || !inside(b, room)) continue;
       double angle = std::atan2(a.y - b.y, b.x - a.x) * 180 / M_PI;
       if (angle > 90) angle -= 180;
       if (angle <= -90) angle += 180;
-      put_text(text, "", c, h, angle, Just::Center, VAlign::Middle, pen_rgb());
+      put_text(text, label.sup, c, h, angle, Just::Center, VAlign::Middle, pen_rgb());
       gaps.push_back({s - width / 2, s + width / 2});
     }
     for (const std::vector<Pt> &piece : cut_gaps(line, gaps)) stroke(piece);

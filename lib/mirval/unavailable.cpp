@@ -52,7 +52,6 @@ extern "C" {
 /*bezier*/ void bezier(const float * /*xray*/, const float * /*yray*/, int n, float *xpray, float *ypray, int np) { mv_tracef("bezier(xray=%s, yray=%s, n=%d, xpray=%s, ypray=%s, np=%d)", TARR(n, "floats"), TARR(n, "floats"), n, TARR(np, "floats out"), TARR(np, "floats out"), np); ZERO(xpray, np); ZERO(ypray, np); mv_unavailable("bezier"); }
 /*bmpfnt*/ void bmpfnt(const char *c) { mv_tracef("bmpfnt(%s)", TSTR(c)); mv_unavailable("bmpfnt"); }
 /*bmpmod*/ void bmpmod(int n, const char *c1, const char *c2) { mv_tracef("bmpmod(%d, %s, %s)", n, TSTR(c1), TSTR(c2)); mv_unavailable("bmpmod"); }
-/*box3d*/ void box3d(void) { mv_tracef("box3d()"); mv_unavailable("box3d"); }
 /*bufmod*/ void bufmod(const char *c1, const char *c2) { mv_tracef("bufmod(%s, %s)", TSTR(c1), TSTR(c2)); mv_unavailable("bufmod"); }
 /*cgmbgd*/ void cgmbgd(float x1, float x2, float x3) { mv_tracef("cgmbgd(%g, %g, %g)", (double)x1, (double)x2, (double)x3); mv_unavailable("cgmbgd"); }
 /*cgmpic*/ void cgmpic(const char *c) { mv_tracef("cgmpic(%s)", TSTR(c)); mv_unavailable("cgmpic"); }
@@ -141,7 +140,6 @@ extern "C" {
 /*gifmod*/ void gifmod(const char *c1, const char *c2) { mv_tracef("gifmod(%s, %s)", TSTR(c1), TSTR(c2)); mv_unavailable("gifmod"); }
 /*gothic*/ void gothic(void) { mv_tracef("gothic()"); mv_unavailable("gothic"); }
 /*grace*/ void grace(int n) { mv_tracef("grace(%d)", n); mv_unavailable("grace"); }
-/*graf3d*/ void graf3d(float xa, float xe, float xor_, float xstp, float ya, float ye, float yor, float ystp, float za, float ze, float zor, float zstp) { mv_tracef("graf3d(%g, %g, %g, %g, %g, %g, %g, %g, %g, %g, %g, %g)", (double)xa, (double)xe, (double)xor_, (double)xstp, (double)ya, (double)ye, (double)yor, (double)ystp, (double)za, (double)ze, (double)zor, (double)zstp); mv_unavailable("graf3d"); }
 /*grafmp*/ void grafmp(float xa, float xe, float xor_, float xstp, float ya, float ye, float yor, float ystp) { mv_tracef("grafmp(%g, %g, %g, %g, %g, %g, %g, %g)", (double)xa, (double)xe, (double)xor_, (double)xstp, (double)ya, (double)ye, (double)yor, (double)ystp); mv_unavailable("grafmp"); }
 /*grafp*/ void grafp(float xe, float xor_, float xstp, float yor, float ystp) { mv_tracef("grafp(%g, %g, %g, %g, %g)", (double)xe, (double)xor_, (double)xstp, (double)yor, (double)ystp); mv_unavailable("grafp"); }
 /*grafr*/ void grafr(const float * /*zre*/, const float * /*zimg*/, int n) { mv_tracef("grafr(zre=%s, zimg=%s, n=%d)", TARR(n, "floats"), TARR(n, "floats"), n); mv_unavailable("grafr"); }
@@ -149,7 +147,6 @@ extern "C" {
 /*grffin*/ void grffin(void) { mv_tracef("grffin()"); mv_unavailable("grffin"); }
 /*grfimg*/ void grfimg(const char *c) { mv_tracef("grfimg(%s)", TSTR(c)); mv_unavailable("grfimg"); }
 /*grfini*/ void grfini(float x1, float x2, float x3, float x4, float x5, float x6, float x7, float x8, float x9) { mv_tracef("grfini(%g, %g, %g, %g, %g, %g, %g, %g, %g)", (double)x1, (double)x2, (double)x3, (double)x4, (double)x5, (double)x6, (double)x7, (double)x8, (double)x9); mv_unavailable("grfini"); }
-/*grid3d*/ void grid3d(int n1, int n2, const char *c) { mv_tracef("grid3d(%d, %d, %s)", n1, n2, TSTR(c)); mv_unavailable("grid3d"); }
 /*gridim*/ void gridim(float x1, float x2, float x3, int n) { mv_tracef("gridim(%g, %g, %g, %d)", (double)x1, (double)x2, (double)x3, n); mv_unavailable("gridim"); }
 /*gridmp*/ void gridmp(int n1, int n2) { mv_tracef("gridmp(%d, %d)", n1, n2); mv_unavailable("gridmp"); }
 /*gridre*/ void gridre(float x1, float x2, float x3, int n) { mv_tracef("gridre(%g, %g, %g, %d)", (double)x1, (double)x2, (double)x3, n); mv_unavailable("gridre"); }
@@ -361,19 +358,13 @@ extern "C" {
 /*stream3d*/ void stream3d(const float * /*xv*/, const float * /*yv*/, const float * /*zv*/, int nx, int ny, int nz, const float * /*xp*/, const float * /*yp*/, const float * /*zp*/, const float * /*xs*/, const float * /*ys*/, const float * /*zs*/, int n) { mv_tracef("stream3d(xv=%s, yv=%s, zv=%s, nx=%d, ny=%d, nz=%d, xp=%s, yp=%s, zp=%s, xs=%s, ys=%s, zs=%s, n=%d)", TARR(nx*ny*nz, "floats"), TARR(nx*ny*nz, "floats"), TARR(nx*ny*nz, "floats"), nx, ny, nz, TARR(nx, "floats"), TARR(ny, "floats"), TARR(nz, "floats"), TARR(n, "floats"), TARR(n, "floats"), TARR(n, "floats"), n); mv_unavailable("stream3d"); }
 /*strt3d*/ void strt3d(float x1, float x2, float x3) { mv_tracef("strt3d(%g, %g, %g)", (double)x1, (double)x2, (double)x3); mv_unavailable("strt3d"); }
 /*strtpt*/ void strtpt(float x1, float x2) { mv_tracef("strtpt(%g, %g)", (double)x1, (double)x2); mv_unavailable("strtpt"); }
-/*surclr*/ void surclr(int n1, int n2) { mv_tracef("surclr(%d, %d)", n1, n2); mv_unavailable("surclr"); }
-/*surfce*/ void surfce(const float * /*xray*/, int nx, const float * /*yray*/, int ny, const float * /*zmat*/) { mv_tracef("surfce(xray=%s, nx=%d, yray=%s, ny=%d, zmat=%s)", TARR(nx, "floats"), nx, TARR(ny, "floats"), ny, TARR(nx*ny, "floats")); mv_unavailable("surfce"); }
 /*surfcp*/ void surfcp(MvParamSurfaceFn /*fn*/, float a1, float a2, float astp, float b1, float b2, float bstp) { mv_tracef("surfcp(fn=callback, a1=%g, a2=%g, astp=%g, b1=%g, b2=%g, bstp=%g)", (double)a1, (double)a2, (double)astp, (double)b1, (double)b2, (double)bstp); mv_unavailable("surfcp"); }
 /*surfun*/ void surfun(MvSurfaceFn /*fn*/, int ixpts, float xdel, int iypts, float ydel) { mv_tracef("surfun(fn=callback, ixpts=%d, xdel=%g, iypts=%d, ydel=%g)", ixpts, (double)xdel, iypts, (double)ydel); mv_unavailable("surfun"); }
 /*suriso*/ void suriso(const float * /*xray*/, int nx, const float * /*yray*/, int ny, const float * /*zray*/, int nz, const float * /*wmat*/, float wlev) { mv_tracef("suriso(xray=%s, nx=%d, yray=%s, ny=%d, zray=%s, nz=%d, wmat=%s, wlev=%g)", TARR(nx, "floats"), nx, TARR(ny, "floats"), ny, TARR(nz, "floats"), nz, TARR(nx*ny*nz, "floats"), (double)wlev); mv_unavailable("suriso"); }
-/*surmat*/ void surmat(const float * /*zmat*/, int nx, int ny, int ixpts, int iypts) { mv_tracef("surmat(zmat=%s, nx=%d, ny=%d, ixpts=%d, iypts=%d)", TARR(nx*ny, "floats"), nx, ny, ixpts, iypts); mv_unavailable("surmat"); }
-/*surmsh*/ void surmsh(const char *c) { mv_tracef("surmsh(%s)", TSTR(c)); mv_unavailable("surmsh"); }
 /*suropt*/ void suropt(const char *c) { mv_tracef("suropt(%s)", TSTR(c)); mv_unavailable("suropt"); }
 /*surshc*/ void surshc(const float * /*xray*/, int nx, const float * /*yray*/, int ny, const float * /*zmat*/, const float * /*wmat*/) { mv_tracef("surshc(xray=%s, nx=%d, yray=%s, ny=%d, zmat=%s, wmat=%s)", TARR(nx, "floats"), nx, TARR(ny, "floats"), ny, TARR(nx*ny, "floats"), TARR(nx*ny, "floats")); mv_unavailable("surshc"); }
-/*surshd*/ void surshd(const float * /*xray*/, int nx, const float * /*yray*/, int ny, const float * /*zmat*/) { mv_tracef("surshd(xray=%s, nx=%d, yray=%s, ny=%d, zmat=%s)", TARR(nx, "floats"), nx, TARR(ny, "floats"), ny, TARR(nx*ny, "floats")); mv_unavailable("surshd"); }
 /*sursze*/ void sursze(float x1, float x2, float x3, float x4) { mv_tracef("sursze(%g, %g, %g, %g)", (double)x1, (double)x2, (double)x3, (double)x4); mv_unavailable("sursze"); }
 /*surtri*/ void surtri(const float * /*xray*/, const float * /*yray*/, const float * /*zray*/, int n, const int * /*i1ray*/, const int * /*i2ray*/, const int * /*i3ray*/, int ntri) { mv_tracef("surtri(xray=%s, yray=%s, zray=%s, n=%d, i1ray=%s, i2ray=%s, i3ray=%s, ntri=%d)", TARR(n, "floats"), TARR(n, "floats"), TARR(n, "floats"), n, TARR(ntri, "ints"), TARR(ntri, "ints"), TARR(ntri, "ints"), ntri); mv_unavailable("surtri"); }
-/*survis*/ void survis(const char *c) { mv_tracef("survis(%s)", TSTR(c)); mv_unavailable("survis"); }
 /*swgatt*/ void swgatt(int n, const char *c1, const char *c2) { mv_tracef("swgatt(%d, %s, %s)", n, TSTR(c1), TSTR(c2)); mv_unavailable("swgatt"); }
 /*swgbgd*/ void swgbgd(int n, float x1, float x2, float x3) { mv_tracef("swgbgd(%d, %g, %g, %g)", n, (double)x1, (double)x2, (double)x3); mv_unavailable("swgbgd"); }
 /*swgbox*/ void swgbox(int n1, int n2) { mv_tracef("swgbox(%d, %d)", n1, n2); mv_unavailable("swgbox"); }
@@ -460,7 +451,6 @@ extern "C" {
 /*unit*/ void unit(int n) { mv_tracef("unit(%d)", n); mv_unavailable("unit"); }
 /*units*/ void units(const char *c) { mv_tracef("units(%s)", TSTR(c)); mv_unavailable("units"); }
 /*utfint*/ void utfint(const char *cstr, int *iray, int nmax, int *nl) { mv_tracef("utfint(cstr=%s, iray=%s, nmax=%d, nl=out)", TSTR(cstr), TARR(nmax, "ints out"), nmax); ZERO(iray, nmax); SET0(nl); mv_unavailable("utfint"); }
-/*vang3d*/ void vang3d(float x) { mv_tracef("vang3d(%g)", (double)x); mv_unavailable("vang3d"); }
 /*vclp3d*/ void vclp3d(float x1, float x2) { mv_tracef("vclp3d(%g, %g)", (double)x1, (double)x2); mv_unavailable("vclp3d"); }
 /*vecclr*/ void vecclr(int n) { mv_tracef("vecclr(%d)", n); mv_unavailable("vecclr"); }
 /*vecfld*/ void vecfld(const float * /*xv*/, const float * /*yv*/, const float * /*xp*/, const float * /*yp*/, int n, int ivec) { mv_tracef("vecfld(xv=%s, yv=%s, xp=%s, yp=%s, n=%d, ivec=%d)", TARR(n, "floats"), TARR(n, "floats"), TARR(n, "floats"), TARR(n, "floats"), n, ivec); mv_unavailable("vecfld"); }
@@ -475,7 +465,6 @@ extern "C" {
 /*vtx3d*/ void vtx3d(const float * /*xray*/, const float * /*yray*/, const float * /*zray*/, int n, const char *copt) { mv_tracef("vtx3d(xray=%s, yray=%s, zray=%s, n=%d, copt=%s)", TARR(n, "floats"), TARR(n, "floats"), TARR(n, "floats"), n, TSTR(copt)); mv_unavailable("vtx3d"); }
 /*vtxc3d*/ void vtxc3d(const float * /*xray*/, const float * /*yray*/, const float * /*zray*/, const int * /*icray*/, int n, const char *copt) { mv_tracef("vtxc3d(xray=%s, yray=%s, zray=%s, icray=%s, n=%d, copt=%s)", TARR(n, "floats"), TARR(n, "floats"), TARR(n, "floats"), TARR(n, "ints"), n, TSTR(copt)); mv_unavailable("vtxc3d"); }
 /*vtxn3d*/ void vtxn3d(const float * /*xray*/, const float * /*yray*/, const float * /*zray*/, const float * /*xn*/, const float * /*yn*/, const float * /*zn*/, int n, const char *copt) { mv_tracef("vtxn3d(xray=%s, yray=%s, zray=%s, xn=%s, yn=%s, zn=%s, n=%d, copt=%s)", TARR(n, "floats"), TARR(n, "floats"), TARR(n, "floats"), TARR(n, "floats"), TARR(n, "floats"), TARR(n, "floats"), n, TSTR(copt)); mv_unavailable("vtxn3d"); }
-/*vup3d*/ void vup3d(float x) { mv_tracef("vup3d(%g)", (double)x); mv_unavailable("vup3d"); }
 /*wgfin*/ void wgfin(void) { mv_tracef("wgfin()"); mv_unavailable("wgfin"); }
 /*wimage*/ void wimage(const char *c) { mv_tracef("wimage(%s)", TSTR(c)); mv_unavailable("wimage"); }
 /*wincbk*/ void wincbk(MvWindowCb /*cb*/, const char *copt) { mv_tracef("wincbk(cb=callback, copt=%s)", TSTR(copt)); mv_unavailable("wincbk"); }

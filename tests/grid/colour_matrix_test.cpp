@@ -53,6 +53,20 @@ TEST_F(GridTest, Graf3DrawsAColourBarWithZLabels) {
   finish();
 }
 
+TEST_F(GridTest, TheXAxisGivesWayToABarThatWouldLeaveThePage) {
+  open("fit.svg");
+  name("Z values", "Z");
+  graf3(0, 10, 0, 2, 0, 5, 0, 1, -1, 1, -1, 0.5);  // the default X length 2200 leaves no room
+  EXPECT_LT(mirval_state().axes.box.x1, 450 + 2200);
+  double right = 0;
+  for (const Item &it : mirval_state().scene.current().items)
+    for (const Pt &p : it.path.pts) right = std::max(right, p.x);
+  EXPECT_LT(right, 2970);
+  int len[3];
+  getlen(&len[0], &len[1], &len[2]);
+  EXPECT_EQ(len[0], 2200);  // the setting itself stays
+}
+
 TEST_F(GridTest, NobarLeavesTheBarOut) {
   open("nobar.svg");
   nobar();
