@@ -2,6 +2,7 @@
 // the title lines above it; the settings routines prepare the next one.
 #include "axes.h"
 #include "draw.h"
+#include "keywords.h"
 #include "messages.h"
 #include "mirval.h"
 #include "scaling.h"
@@ -9,16 +10,12 @@
 #include "trace.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <strings.h>
 
 namespace {
-
-bool same(const char *a, const char *b) { return a && strcasecmp(a, b) == 0; }
 
 // A typographic minus sign in place of the hyphen that printf writes.
 std::string minus(std::string t) {
@@ -451,9 +448,7 @@ void labels(const char *copt, const char *cax) {
       if (axis_bits(cax)) {
         for_axes("labels", cax, [&](AxisSettings &s) { s.labels = t.type; });
       } else if (cax && *cax) {
-        std::string target = cax;
-        for (char &c : target) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-        mirval_state().axes.other_labels[target] = t.type;
+        mirval_state().axes.other_labels[upper(cax)] = t.type;
       } else {
         mv_warn("labels", "no axes given");
       }
@@ -567,11 +562,15 @@ void getgrf(float *a, float *e, float *orig, float *step, const char *cax) {
   mv_tracef("getgrf(a=out, e=out, orig=out, step=out, cax=%s)", mv_tstr(cax).c_str());
   int bits = axis_bits(cax);
   if (!mv_level("getgrf", 2, 3)) return;
-  if (bits != 1 && bits != 2) {
-    mv_warn("getgrf", "one of the axes X or Y must be named, not %s", mv_tstr(cax).c_str());
+  const MirvalState &st = mirval_state();
+  bool space = st.level == 3;  // a 3-D axis system keeps its own ranges, Z included
+  if (bits != 1 && bits != 2 && !(space && bits == 4)) {
+    mv_warn("getgrf", "one of the axes X or Y%s must be named, not %s", space ? " or Z" : "",
+            mv_tstr(cax).c_str());
     return;
   }
-  const AxisRange &r = mirval_state().axes.range[bits - 1];
+  int axis = bits == 4 ? 2 : bits - 1;
+  const AxisRange &r = space ? st.space.range[axis] : st.axes.range[axis];
   if (a) *a = static_cast<float>(r.a);
   if (e) *e = static_cast<float>(r.e);
   if (orig) *orig = static_cast<float>(r.org);
@@ -614,11 +613,7 @@ int gethnm(void) {
 
 void titjus(const char *c) {
   mv_tracef("titjus(%s)", mv_tstr(c).c_str());
-  Just &j = mirval_state().axes.title_just;
-  if (same(c, "LEFT")) j = Just::Left;
-  else if (same(c, "CENT") || same(c, "CENTER")) j = Just::Center;
-  else if (same(c, "RIGHT")) j = Just::Right;
-  else mv_warn("titjus", "unknown justification %s", mv_tstr(c).c_str());
+  set_just("titjus", c, mirval_state().axes.title_just);
 }
 
 void labdis(int n, const char *c) {

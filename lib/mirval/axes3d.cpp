@@ -3,6 +3,7 @@
 // box's edges and grid lines on its back walls and floor.
 #include "axes.h"
 #include "draw.h"
+#include "keywords.h"
 #include "messages.h"
 #include "mirval.h"
 #include "scaling.h"
@@ -12,7 +13,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <strings.h>
 
 namespace {
 
@@ -136,8 +136,6 @@ void wall_lines(int fixed, double side, int along, int across, int n) {
     stroke_polyline({project(sp.cam, p), project(sp.cam, q)}, user_clip());
   }
 }
-
-bool same(const char *a, const char *b) { return a && strcasecmp(a, b) == 0; }
 
 }  // namespace
 

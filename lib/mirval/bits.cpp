@@ -3,6 +3,7 @@
 #include "mirval.h"
 #include "trace.h"
 
+#include <algorithm>
 #include <cstdint>
 
 namespace {
@@ -25,6 +26,19 @@ uint32_t transfer(uint32_t out, uint32_t in, int nbits, int from, int to) {
   return (out & ~(mask << to)) | (((in >> from) & mask) << to);
 }
 
+// Reverses the bytes of each of the n integers.
+template <typename T>
+void swap_bytes(const char *routine, T *iray, int n) {
+  if (!iray || n < 0) {
+    mv_warn(routine, "no array or n = %d below 0", n);
+    return;
+  }
+  for (int i = 0; i < n; ++i) {
+    unsigned char *b = reinterpret_cast<unsigned char *>(iray + i);
+    std::reverse(b, b + sizeof(T));
+  }
+}
+
 }  // namespace
 
 extern "C" {
@@ -43,27 +57,12 @@ int bitsi4(int nbits, int mher, int iher, int mhin, int ihin) {
 
 void swapi2(short *iray, int n) {
   mv_tracef("swapi2(iray=%s, n=%d)", mv_tarr(n, "shorts").c_str(), n);
-  if (!iray || n < 0) {
-    mv_warn("swapi2", "no array or n = %d below 0", n);
-    return;
-  }
-  for (int i = 0; i < n; ++i) {
-    uint16_t v = static_cast<uint16_t>(iray[i]);
-    iray[i] = static_cast<short>(static_cast<uint16_t>(v << 8 | v >> 8));
-  }
+  swap_bytes("swapi2", iray, n);
 }
 
 void swapi4(int *iray, int n) {
   mv_tracef("swapi4(iray=%s, n=%d)", mv_tarr(n, "ints").c_str(), n);
-  if (!iray || n < 0) {
-    mv_warn("swapi4", "no array or n = %d below 0", n);
-    return;
-  }
-  for (int i = 0; i < n; ++i) {
-    uint32_t v = static_cast<uint32_t>(iray[i]);
-    v = (v >> 24) | ((v >> 8) & 0xff00u) | ((v << 8) & 0xff0000u) | (v << 24);
-    iray[i] = static_cast<int>(v);
-  }
+  swap_bytes("swapi4", iray, n);
 }
 
 }  // extern "C"

@@ -16,16 +16,6 @@
 
 namespace {
 
-Path rect_path(double x0, double y0, double x1, double y1) {
-  Path p;
-  p.move({x0, y0});
-  p.line({x1, y0});
-  p.line({x1, y1});
-  p.line({x0, y1});
-  p.close();
-  return p;
-}
-
 // The colour bar right of the axis system: one stripe per colour entry from the lower end of
 // the Z axis to the upper one, framed, with the Z axis's ticks, labels and name beside it.
 void colour_bar() {

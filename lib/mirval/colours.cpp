@@ -1,15 +1,14 @@
 #include "colours.h"
 #include "device.h"
 #include "draw.h"
+#include "keywords.h"
 #include "messages.h"
 #include "mirval.h"
 #include "state.h"
 #include "trace.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cmath>
-#include <strings.h>
 
 namespace {
 
@@ -26,8 +25,6 @@ Rgb scale_colour(const std::string &base, double t) {
   const Rgb cold{0.23f, 0.30f, 0.75f}, mid{0.95f, 0.95f, 0.95f}, warm{0.71f, 0.02f, 0.15f};
   return t < 0.5 ? mix(cold, mid, 2 * t) : mix(mid, warm, 2 * t - 1);
 }
-
-bool same(const char *a, const char *b) { return a && strcasecmp(a, b) == 0; }
 
 ColourTable &table() {
   ColourState &c = mirval_state().colours;
@@ -152,8 +149,7 @@ void setclr(int ncol) {
 
 void setvlt(const char *cvlt) {
   mv_tracef("setvlt(%s)", mv_tstr(cvlt).c_str());
-  std::string name = cvlt ? cvlt : "";
-  for (char &ch : name) ch = static_cast<char>(std::toupper(static_cast<unsigned char>(ch)));
+  std::string name = upper(cvlt);
   ColourState &c = mirval_state().colours;
   if (!make_table(name, c.table)) {
     mv_warn("setvlt", "unknown colour table %s", mv_tstr(cvlt).c_str());

@@ -337,23 +337,13 @@ void draw_level(const std::vector<std::vector<Pt>> &lines, double level) {
   AxisLabel label = level_text(level);
   const std::string &text = label.text;
   double h = st.text.height, width = text.empty() ? 0 : text_length(text, label.sup, h) + 2 * g.label_gap * h;
-  Item it;
-  it.kind = ItemKind::Stroke;
-  it.rgb = pen_rgb();
-  it.width = st.pen.width;
-  it.dash = st.pen.dash;
-  auto stroke = [&](const std::vector<Pt> &line) {
-    for (const std::vector<Pt> &piece : clip_polyline(line, clip)) {
-      it.path.move(piece[0]);
-      for (size_t k = 1; k < piece.size(); ++k) it.path.line(piece[k]);
-    }
-  };
+  Path path;  // all lines of the level make one stroke
   for (const std::vector<Pt> &grid_line : lines) {
     std::vector<Pt> line = simplify(to_page(grid_line), page_tolerance);
     double length = 0;
     for (size_t k = 1; k < line.size(); ++k) length += std::hypot(line[k].x - line[k - 1].x, line[k].y - line[k - 1].y);
     if (text.empty() || length < g.label_least * width) {
-      stroke(line);
+      append_polyline(path, line, clip);
       continue;
     }
     int n = std::max(1, static_cast<int>(length / (g.label_every * width)));
@@ -371,9 +361,9 @@ void draw_level(const std::vector<std::vector<Pt>> &lines, double level) {
       put_text(text, label.sup, c, h, angle, Just::Center, VAlign::Middle, pen_rgb());
       gaps.push_back({s - width / 2, s + width / 2});
     }
-    for (const std::vector<Pt> &piece : cut_gaps(line, gaps)) stroke(piece);
+    for (const std::vector<Pt> &piece : cut_gaps(line, gaps)) append_polyline(path, piece, clip);
   }
-  if (!it.path.empty()) add_item(std::move(it));
+  stroke_path(path);
 }
 
 void contour_at(const char *routine, const GridData &g, float zlev) {
@@ -383,16 +373,6 @@ void contour_at(const char *routine, const GridData &g, float zlev) {
     return;
   }
   draw_level(contour_lines(g, zlev), zlev);
-}
-
-// Grid points spread evenly over the current axis range.
-std::vector<float> spread(const AxisRange &r, int n) {
-  std::vector<float> v(std::max(n, 0));
-  for (int k = 0; k < n; ++k) {
-    double a = r.a + (r.e - r.a) * k / std::max(n - 1, 1);
-    v[k] = static_cast<float>(r.log ? std::pow(10.0, a) : a);
-  }
-  return v;
 }
 
 }  // namespace
@@ -410,7 +390,7 @@ void conmat(const float *zmat, int nx, int ny, float zlev) {
             (double)zlev);
   if (!mv_level("conmat", 2, 2)) return;
   const AxesState &ax = mirval_state().axes;
-  std::vector<float> x = spread(ax.range[0], nx), y = spread(ax.range[1], ny);
+  std::vector<float> x = spread_over(ax.range[0], nx), y = spread_over(ax.range[1], ny);
   contour_at("conmat", {x.data(), nx, y.data(), ny, zmat}, zlev);
 }
 
@@ -456,10 +436,7 @@ void conshd(const float *xray, int nx, const float *yray, int ny, const float *z
     Path p;
     for (const std::vector<Pt> &poly : layers[k]) {
       std::vector<Pt> cut = clip_polygon(to_page(poly), clip);
-      if (cut.size() < 3) continue;
-      p.move(cut[0]);
-      for (size_t q = 1; q < cut.size(); ++q) p.line(cut[q]);
-      p.close();
+      if (cut.size() >= 3) append_polygon(p, cut);
     }
     fill_path(p, table_rgb(c));
   }

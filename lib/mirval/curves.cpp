@@ -1,6 +1,7 @@
 #include "curves.h"
 #include "clip.h"
 #include "draw.h"
+#include "keywords.h"
 #include "markers.h"
 #include "messages.h"
 #include "mirval.h"
@@ -10,7 +11,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <strings.h>
 
 namespace {
 
@@ -179,7 +179,7 @@ void polcrv(const char *cpol) {
   } modes[] = {{"LINEAR", Interp::Linear}, {"STEP", Interp::Step}, {"STAIRS", Interp::Stairs},
                {"BARS", Interp::Bars},     {"STEM", Interp::Stem}, {"SPLINE", Interp::Spline}};
   for (const auto &m : modes)
-    if (cpol && strcasecmp(cpol, m.name) == 0) {
+    if (same(cpol, m.name)) {
       mirval_state().curve.interp = m.how;
       return;
     }
@@ -195,7 +195,7 @@ void chncrv(const char *c) {
   mv_tracef("chncrv(%s)", mv_tstr(c).c_str());
   static const char *modes[] = {"NONE", "COLOR", "LINE", "BOTH"};
   for (int i = 0; i < 4; ++i)
-    if (c && strcasecmp(c, modes[i]) == 0) {
+    if (same(c, modes[i])) {
       mirval_state().curve.change = i;
       mirval_state().curve.changed = 0;
       return;

@@ -46,16 +46,9 @@ void add_item(Item it) {
 
 void stroke_polyline(const std::vector<Pt> &pts, const Rect &clip, Rgb rgb, double width,
                      const std::vector<double> &dash) {
-  Item it;
-  it.kind = ItemKind::Stroke;
-  it.rgb = rgb;
-  it.width = width;
-  it.dash = dash;
-  for (const std::vector<Pt> &piece : clip_polyline(pts, clip)) {
-    it.path.move(piece[0]);
-    for (size_t i = 1; i < piece.size(); ++i) it.path.line(piece[i]);
-  }
-  if (!it.path.empty()) add_item(std::move(it));
+  Path p;
+  append_polyline(p, pts, clip);
+  stroke_path(p, rgb, width, dash);
 }
 
 void stroke_polyline(const std::vector<Pt> &pts, const Rect &clip) {
@@ -110,11 +103,31 @@ Path polygon_path(const std::vector<Pt> &poly, const Rect &clip) {
   for (Pt q : poly)
     if (std::isfinite(q.x) && std::isfinite(q.y)) finite.push_back(q);
   std::vector<Pt> cut = clip_polygon(finite, clip);
-  if (cut.size() < 2) return p;
-  p.move(cut[0]);
-  for (size_t i = 1; i < cut.size(); ++i) p.line(cut[i]);
-  p.close();
+  if (cut.size() >= 2) append_polygon(p, cut);
   return p;
+}
+
+void append_polygon(Path &p, const std::vector<Pt> &q) {
+  p.move(q[0]);
+  for (size_t i = 1; i < q.size(); ++i) p.line(q[i]);
+  p.close();
+}
+
+void append_polyline(Path &p, const std::vector<Pt> &pts, const Rect &clip) {
+  for (const std::vector<Pt> &piece : clip_polyline(pts, clip)) {
+    p.move(piece[0]);
+    for (size_t i = 1; i < piece.size(); ++i) p.line(piece[i]);
+  }
+}
+
+Path closed_path(const std::vector<Pt> &q) {
+  Path p;
+  append_polygon(p, q);
+  return p;
+}
+
+Path rect_path(double x0, double y0, double x1, double y1) {
+  return closed_path({{x0, y0}, {x1, y0}, {x1, y1}, {x0, y1}});
 }
 
 void arc_path(Path &p, Pt c, double a, double b, double alpha, double beta, double theta, bool start) {

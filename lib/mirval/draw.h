@@ -29,6 +29,12 @@ void fill_path(const Path &p, Rgb rgb);
 void shape_path(const Path &p);
 // Polygons cut to a rectangle, as paths.
 Path polygon_path(const std::vector<Pt> &poly, const Rect &clip);
+// Appends q as one closed part of p.
+void append_polygon(Path &p, const std::vector<Pt> &q);
+// Appends the pieces of a polyline that lie inside the rectangle as open parts of p.
+void append_polyline(Path &p, const std::vector<Pt> &pts, const Rect &clip);
+Path closed_path(const std::vector<Pt> &q);
+Path rect_path(double x0, double y0, double x1, double y1);
 // An ellipse arc around c with half axes a, b from alpha to beta degrees (counter-clockwise),
 // the whole figure turned by theta; as Bezier segments appended to p.
 void arc_path(Path &p, Pt c, double a, double b, double alpha, double beta, double theta, bool start);

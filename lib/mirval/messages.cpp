@@ -1,5 +1,6 @@
 #include "messages.h"
 #include "state.h"
+#include "trace.h"
 
 #include <cstdarg>
 #include <cstdio>
@@ -17,9 +18,7 @@ FILE *message_stream() {
 void vline(const char *kind, const char *routine, const char *fmt, va_list ap) {
   FILE *fp = message_stream();
   std::fprintf(fp, "mirval: %s: %s: ", kind, routine);
-  std::vfprintf(fp, fmt, ap);
-  std::fputc('\n', fp);
-  std::fflush(fp);
+  mv_vline(fp, fmt, ap);
 }
 
 }  // namespace
@@ -45,10 +44,8 @@ void mv_note(const char *fmt, ...) {
   std::fputs("mirval: ", fp);
   va_list ap;
   va_start(ap, fmt);
-  std::vfprintf(fp, fmt, ap);
+  mv_vline(fp, fmt, ap);
   va_end(ap);
-  std::fputc('\n', fp);
-  std::fflush(fp);
 }
 
 void mv_unavailable(const char *routine) {

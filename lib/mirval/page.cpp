@@ -1,17 +1,15 @@
 // Output, page and library levels: METAFL ... MIRINI opens a page, MIRFIN (or the end of the
 // program) writes the file.
 #include "device.h"
+#include "keywords.h"
 #include "messages.h"
 #include "mirval.h"
 #include "state.h"
 #include "trace.h"
 
 #include <cstdlib>
-#include <strings.h>
 
 namespace {
-
-bool same(const char *a, const char *b) { return a && strcasecmp(a, b) == 0; }
 
 struct PageFormat {
   const char *name;

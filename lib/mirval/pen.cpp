@@ -1,12 +1,12 @@
 #include "pen.h"
 #include "draw.h"
+#include "keywords.h"
 #include "messages.h"
 #include "mirval.h"
 #include "state.h"
 #include "trace.h"
 
 #include <cmath>
-#include <strings.h>
 
 namespace {
 
@@ -84,8 +84,8 @@ void thkcrv(int n) {
 void clpbor(const char *copt) {
   mv_tracef("clpbor(%s)", mv_tstr(copt).c_str());
   PenState &pen = mirval_state().pen;
-  if (copt && strcasecmp(copt, "AXIS") == 0) pen.clip = ClipMode::Axis;
-  else if (copt && strcasecmp(copt, "PAGE") == 0) pen.clip = ClipMode::Page;
+  if (same(copt, "AXIS")) pen.clip = ClipMode::Axis;
+  else if (same(copt, "PAGE")) pen.clip = ClipMode::Page;
   else mv_warn("clpbor", "unknown option %s", mv_tstr(copt).c_str());
 }
 
@@ -133,18 +133,18 @@ int getpat(void) {
 void lncap(const char *c) {
   mv_tracef("lncap(%s)", mv_tstr(c).c_str());
   Cap &cap = mirval_state().pen.cap;
-  if (c && strcasecmp(c, "ROUND") == 0) cap = Cap::Round;
-  else if (c && strcasecmp(c, "CUT") == 0) cap = Cap::Cut;
-  else if (c && strcasecmp(c, "LONG") == 0) cap = Cap::Long;
+  if (same(c, "ROUND")) cap = Cap::Round;
+  else if (same(c, "CUT")) cap = Cap::Cut;
+  else if (same(c, "LONG")) cap = Cap::Long;
   else mv_warn("lncap", "unknown line end %s", mv_tstr(c).c_str());
 }
 
 void lnjoin(const char *c) {
   mv_tracef("lnjoin(%s)", mv_tstr(c).c_str());
   Join &join = mirval_state().pen.join;
-  if (c && strcasecmp(c, "ROUND") == 0) join = Join::Round;
-  else if (c && strcasecmp(c, "SHARP") == 0) join = Join::Sharp;
-  else if (c && strcasecmp(c, "TRUNC") == 0) join = Join::Trunc;
+  if (same(c, "ROUND")) join = Join::Round;
+  else if (same(c, "SHARP")) join = Join::Sharp;
+  else if (same(c, "TRUNC")) join = Join::Trunc;
   else mv_warn("lnjoin", "unknown line join %s", mv_tstr(c).c_str());
 }
 

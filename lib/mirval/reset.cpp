@@ -1,12 +1,12 @@
 // RESET: returns a setting, named by the routine that makes it, to its default. The defaults
 // are the member initialisers of the state parts, so each entry copies from a fresh part.
+#include "keywords.h"
 #include "messages.h"
 #include "mirval.h"
 #include "state.h"
 #include "trace.h"
 
 #include <algorithm>
-#include <strings.h>
 
 namespace {
 
@@ -26,20 +26,22 @@ const PageState page0;
 const Space3D space0;
 const GridState grid0;
 
-void each_axis(MirvalState &s, void (*f)(AxisSettings &, const AxisSettings &)) {
-  for (int i = 0; i < 3; ++i) f(s.axes.axis[i], axes0.axis[i]);
+// Restores one setting of all three axes.
+template <auto field>
+void axis_field(MirvalState &s) {
+  for (int i = 0; i < 3; ++i) s.axes.axis[i].*field = axes0.axis[i].*field;
 }
 
 const Entry entries[] = {
-    {"SETSCL", [](MirvalState &s) { each_axis(s, [](AxisSettings &a, const AxisSettings &d) { a.autoscale = d.autoscale; }); }},
-    {"AXSSCL SCALE", [](MirvalState &s) { each_axis(s, [](AxisSettings &a, const AxisSettings &d) { a.log = d.log; }); }},
-    {"LABELS", [](MirvalState &s) { each_axis(s, [](AxisSettings &a, const AxisSettings &d) { a.labels = d.labels; }); s.axes.other_labels.clear(); }},
-    {"DIGITS LABDIG", [](MirvalState &s) { each_axis(s, [](AxisSettings &a, const AxisSettings &d) { a.digits = d.digits; }); }},
-    {"TICKS", [](MirvalState &s) { each_axis(s, [](AxisSettings &a, const AxisSettings &d) { a.ticks = d.ticks; }); }},
-    {"TICPOS", [](MirvalState &s) { each_axis(s, [](AxisSettings &a, const AxisSettings &d) { a.ticpos = d.ticpos; }); }},
-    {"NAME", [](MirvalState &s) { each_axis(s, [](AxisSettings &a, const AxisSettings &d) { a.name = d.name; }); }},
-    {"NAMDIS", [](MirvalState &s) { each_axis(s, [](AxisSettings &a, const AxisSettings &d) { a.namdis = d.namdis; }); }},
-    {"LABDIS", [](MirvalState &s) { each_axis(s, [](AxisSettings &a, const AxisSettings &d) { a.labdis = d.labdis; }); }},
+    {"SETSCL", axis_field<&AxisSettings::autoscale>},
+    {"AXSSCL SCALE", axis_field<&AxisSettings::log>},
+    {"LABELS", [](MirvalState &s) { axis_field<&AxisSettings::labels>(s); s.axes.other_labels.clear(); }},
+    {"DIGITS LABDIG", axis_field<&AxisSettings::digits>},
+    {"TICKS", axis_field<&AxisSettings::ticks>},
+    {"TICPOS", axis_field<&AxisSettings::ticpos>},
+    {"NAME", axis_field<&AxisSettings::name>},
+    {"NAMDIS", axis_field<&AxisSettings::namdis>},
+    {"LABDIS", axis_field<&AxisSettings::labdis>},
     {"AXSPOS CENTER", [](MirvalState &s) { s.axes.posx = axes0.posx, s.axes.posy = axes0.posy; }},
     {"AXSLEN AX3LEN", [](MirvalState &s) { s.axes.len = axes0.len; }},
     {"TICLEN", [](MirvalState &s) { s.axes.ticlen_major = axes0.ticlen_major, s.axes.ticlen_minor = axes0.ticlen_minor; }},
@@ -107,11 +109,11 @@ const Entry page_entries[] = {
 };
 
 bool names(const char *list, const char *name) {
-  std::string l = list, n = name;
+  std::string l = list;
   for (size_t at = 0; at < l.size();) {
     size_t end = l.find(' ', at);
     if (end == std::string::npos) end = l.size();
-    if (strcasecmp(l.substr(at, end - at).c_str(), n.c_str()) == 0) return true;
+    if (same(l.substr(at, end - at).c_str(), name)) return true;
     at = end + 1;
   }
   return false;
@@ -128,7 +130,7 @@ void reset(const char *cname) {
     mv_warn("reset", "no setting named");
     return;
   }
-  bool all = strcasecmp(cname, "ALL") == 0;
+  bool all = same(cname, "ALL");
   bool found = false;
   for (const Entry &e : entries)
     if (all || names(e.names, cname)) {

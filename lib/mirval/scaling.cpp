@@ -1,5 +1,6 @@
 #include "scaling.h"
 #include "draw.h"
+#include "keywords.h"
 #include "messages.h"
 #include "mirval.h"
 #include "trace.h"
@@ -7,7 +8,6 @@
 #include <algorithm>
 #include <cctype>
 #include <cmath>
-#include <strings.h>
 
 double nice_step(double raw) {
   if (!(raw > 0) || !std::isfinite(raw)) return 1;
@@ -86,6 +86,15 @@ int axis_bits(const char *cax) {
   return bits;
 }
 
+std::vector<float> spread_over(const AxisRange &r, int n) {
+  std::vector<float> v(std::max(n, 0));
+  for (int k = 0; k < n; ++k) {
+    double a = r.a + (r.e - r.a) * k / std::max(n - 1, 1);
+    v[k] = static_cast<float>(r.log ? std::pow(10.0, a) : a);
+  }
+  return v;
+}
+
 namespace {
 
 // Position 0..1 of a user value along an axis range.
@@ -102,8 +111,8 @@ double from_fraction(const AxisRange &r, double f) {
 // Applies a scaling keyword to the axes named.
 void set_log(const char *routine, const char *copt, const char *cax) {
   int bits = axis_bits(cax);
-  bool log = copt && strcasecmp(copt, "LOG") == 0;
-  if (!log && !(copt && strcasecmp(copt, "LIN") == 0)) {
+  bool log = same(copt, "LOG");
+  if (!log && !(same(copt, "LIN"))) {
     mv_warn(routine, "unknown scaling %s (LIN or LOG)", mv_tstr(copt).c_str());
     return;
   }

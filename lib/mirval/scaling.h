@@ -18,6 +18,10 @@ int needed_digits(const std::vector<double> &values);
 // Axis letters of a routine's axis argument: bit 0 X, bit 1 Y, bit 2 Z; 0 when none.
 int axis_bits(const char *cax);
 
+// n user values spread evenly over an axis range from end to end (on log axes evenly in the
+// exponent), such as the grid points of a matrix that covers the whole axis.
+std::vector<float> spread_over(const AxisRange &r, int n);
+
 // The rectangle on the page that AXSPOS and AXSLEN give the next axis system.
 Rect placed_box();
 

@@ -19,16 +19,6 @@ bool colour_number(const char *routine, int ncol) {
   return false;
 }
 
-Path rect_path(double x0, double y0, double x1, double y1) {
-  Path p;
-  p.move({x0, y0});
-  p.line({x1, y0});
-  p.line({x1, y1});
-  p.line({x0, y1});
-  p.close();
-  return p;
-}
-
 // A closed shape: filled or hatched as SHDPAT says, then outlined.
 void shape(const Path &p, const Rect &clip) { shape_path(fit_path(p, clip, true)); }
 
@@ -90,6 +80,13 @@ double user_radius(double x, double r) { return std::fabs(page_x(x + r) - page_x
 
 bool drawing(const char *routine) { return mv_level(routine, 1, 3); }
 bool user_drawing(const char *routine) { return mv_level(routine, 2, 3); }
+
+// Whether both coordinate arrays are there with points enough for an area; otherwise warns.
+bool area_given(const char *routine, bool arrays, int n) {
+  if (arrays && n >= 3) return true;
+  mv_warn(routine, "an area needs at least 3 points (got %d)", n);
+  return false;
+}
 
 }  // namespace
 
@@ -192,11 +189,7 @@ void rlpoin(float x1, float x2, int n1, int n2, int n3) {
 
 void areaf(const int *nxray, const int *nyray, int n) {
   mv_tracef("areaf(nxray=%s, nyray=%s, n=%d)", mv_tarr(n, "ints").c_str(), mv_tarr(n, "ints").c_str(), n);
-  if (!drawing("areaf")) return;
-  if (!nxray || !nyray || n < 3) {
-    mv_warn("areaf", "an area needs at least 3 points (got %d)", n);
-    return;
-  }
+  if (!drawing("areaf") || !area_given("areaf", nxray && nyray, n)) return;
   std::vector<Pt> pts;
   for (int i = 0; i < n; ++i) pts.push_back({double(nxray[i]), page_y(nyray[i])});
   shape_path(polygon_path(pts, plot_clip()));
@@ -204,11 +197,7 @@ void areaf(const int *nxray, const int *nyray, int n) {
 
 void rlarea(const float *xray, const float *yray, int n) {
   mv_tracef("rlarea(xray=%s, yray=%s, n=%d)", mv_tarr(n, "floats").c_str(), mv_tarr(n, "floats").c_str(), n);
-  if (!user_drawing("rlarea")) return;
-  if (!xray || !yray || n < 3) {
-    mv_warn("rlarea", "an area needs at least 3 points (got %d)", n);
-    return;
-  }
+  if (!user_drawing("rlarea") || !area_given("rlarea", xray && yray, n)) return;
   shape_path(polygon_path(user_points(xray, yray, n), user_clip()));
 }
 

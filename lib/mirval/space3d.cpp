@@ -1,10 +1,10 @@
 // 3-D settings that the quick plots hand over: kept here until the 3-D drawing uses them.
 #include "messages.h"
+#include "keywords.h"
 #include "mirval.h"
 #include "state.h"
 #include "trace.h"
 
-#include <cctype>
 #include <cmath>
 
 extern "C" {
@@ -21,8 +21,7 @@ void axis3d(float x3len, float y3len, float z3len) {
 
 void view3d(float xvu, float yvu, float zvu, const char *copt) {
   mv_tracef("view3d(%g, %g, %g, %s)", (double)xvu, (double)yvu, (double)zvu, mv_tstr(copt).c_str());
-  std::string mode = copt ? copt : "";
-  for (char &c : mode) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+  std::string mode = upper(copt);
   if (mode != "ABS" && mode != "USER" && mode != "ANGLE") {
     mv_warn("view3d", "unknown option %s", mv_tstr(copt).c_str());
     return;
@@ -42,10 +41,7 @@ void shdmod(const char *copt, const char *ctype) {
     mv_warn("shdmod", "option and type are both needed");
     return;
   }
-  std::string opt = copt, type = ctype;
-  for (char &c : opt) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-  for (char &c : type) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-  mirval_state().space.shading[type] = opt;
+  mirval_state().space.shading[upper(ctype)] = upper(copt);
 }
 
 }

@@ -6,12 +6,13 @@
 #include "colours.h"
 #include "device.h"
 #include "draw.h"
+#include "keywords.h"
 #include "messages.h"
 #include "mirval.h"
+#include "scaling.h"
 #include "trace.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cmath>
 #include <numeric>
 
@@ -159,14 +160,6 @@ struct Surface {
   }
 };
 
-Path polygon(const std::vector<Pt> &q) {
-  Path p;
-  p.move(q[0]);
-  for (size_t k = 1; k < q.size(); ++k) p.line(q[k]);
-  p.close();
-  return p;
-}
-
 // The cell a little larger, so that it reaches under its neighbours: no seams between cells.
 std::vector<Pt> widened(std::vector<Pt> q, double by) {
   Pt c{0, 0};
@@ -191,7 +184,7 @@ void grid_surface(const Surface &s) {
   std::vector<Pt> q;
   for (auto [i, j] : s.order()) {
     if (!s.corners(i, j, q)) continue;
-    Path p = fit_path(polygon(q), clip, true);
+    Path p = fit_path(closed_path(q), clip, true);
     fill_path(p, paper);
     bool up = s.top_visible(i, j);
     if (up ? show_top : show_bottom) stroke_path(p, up ? top : bottom, st.pen.width, st.pen.dash);
@@ -213,25 +206,9 @@ void shaded_surface(const Surface &s) {
     double user = r.a + (z / sp.box[2] + 0.5) * (r.e - r.a);  // back to axis units
     int c = colour_entry(AxisRange{r.a, r.e, r.a, 1, false}, st.grid.colour_lo, st.grid.colour_hi, user);
     if (c < 0) continue;
-    fill_path(fit_path(polygon(widened(q, 0.5)), clip, true), table_rgb(c));
-    if (sp.mesh) stroke_path(fit_path(polygon(q), clip, true), pen_rgb(), st.pen.width, st.pen.dash);
+    fill_path(fit_path(closed_path(widened(q, 0.5)), clip, true), table_rgb(c));
+    if (sp.mesh) stroke_path(fit_path(closed_path(q), clip, true), pen_rgb(), st.pen.width, st.pen.dash);
   }
-}
-
-// The matrix spread over the whole axis range.
-std::vector<float> spread(const AxisRange &r, int n) {
-  std::vector<float> v(std::max(n, 0));
-  for (int k = 0; k < n; ++k) {
-    double a = r.a + (r.e - r.a) * k / std::max(n - 1, 1);
-    v[k] = static_cast<float>(r.log ? std::pow(10.0, a) : a);
-  }
-  return v;
-}
-
-std::string upper(const char *c) {
-  std::string s = c ? c : "";
-  for (char &ch : s) ch = static_cast<char>(std::toupper(static_cast<unsigned char>(ch)));
-  return s;
 }
 
 }  // namespace
@@ -256,7 +233,7 @@ void surmat(const float *zmat, int nx, int ny, int ixpts, int iypts) {
   mv_tracef("surmat(zmat=%s, nx=%d, ny=%d, ixpts=%d, iypts=%d)", mv_tarr(matrix_size(nx, ny), "floats").c_str(), nx,
             ny, ixpts, iypts);
   const Space3D &sp = mirval_state().space;
-  std::vector<float> x = spread(sp.range[0], nx), y = spread(sp.range[1], ny);
+  std::vector<float> x = spread_over(sp.range[0], nx), y = spread_over(sp.range[1], ny);
   if (!surface_ok("surmat", x.data(), nx, y.data(), ny, zmat)) return;
   if (ixpts < 1 || iypts < 1) {
     mv_warn("surmat", "steps must be positive (got %d, %d)", ixpts, iypts);

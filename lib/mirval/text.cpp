@@ -1,6 +1,7 @@
 #include "text.h"
 #include "draw.h"
 #include "fonts.h"
+#include "keywords.h"
 #include "messages.h"
 #include "mirval.h"
 #include "scaling.h"
@@ -8,14 +9,11 @@
 
 #include <cmath>
 #include <cstring>
-#include <strings.h>
 
 namespace {
 
 // Exponents are set smaller and raised by about half a capital.
 constexpr double sup_scale = 0.6, sup_raise = 0.55;
-
-bool same(const char *a, const char *b) { return a && strcasecmp(a, b) == 0; }
 
 void set_font(const char *family, bool bold, bool italic) {
   FontChoice &f = mirval_state().text.font;
@@ -80,6 +78,13 @@ void put_text(const std::string &text, const std::string &sup, Pt at, double h, 
   }
 }
 
+void set_just(const char *routine, const char *c, Just &j) {
+  if (same(c, "LEFT")) j = Just::Left;
+  else if (same(c, "CENT") || same(c, "CENTER")) j = Just::Center;
+  else if (same(c, "RIGHT")) j = Just::Right;
+  else mv_warn(routine, "unknown justification %s", mv_tstr(c).c_str());
+}
+
 std::string number_text(double x, int ndig) {
   char buf[128];
   fcha(static_cast<float>(x), ndig, buf);
@@ -105,11 +110,7 @@ void angle(int ngrad) {
 
 void txtjus(const char *c) {
   mv_tracef("txtjus(%s)", mv_tstr(c).c_str());
-  Just &j = mirval_state().text.just;
-  if (same(c, "LEFT")) j = Just::Left;
-  else if (same(c, "CENT") || same(c, "CENTER")) j = Just::Center;
-  else if (same(c, "RIGHT")) j = Just::Right;
-  else mv_warn("txtjus", "unknown justification %s", mv_tstr(c).c_str());
+  set_just("txtjus", c, mirval_state().text.just);
 }
 
 void messag(const char *cstr, int nx, int ny) {

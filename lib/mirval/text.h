@@ -14,5 +14,7 @@ double text_length(const std::string &text, const std::string &sup, double h);
 // lies at 'at' in page coordinates; angle in degrees counter-clockwise.
 void put_text(const std::string &text, const std::string &sup, Pt at, double h, double angle,
               Just just, VAlign valign, Rgb rgb);
+// Sets j from a justification keyword (LEFT, CENT or CENTER, RIGHT); otherwise warns.
+void set_just(const char *routine, const char *c, Just &j);
 // A number as NUMBER writes it: ndig decimals, 0 a trailing point, -1 a rounded integer.
 std::string number_text(double x, int ndig);

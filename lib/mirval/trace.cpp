@@ -28,8 +28,12 @@ void mv_tracef(const char *fmt, ...) {
   if (!fp) return;
   va_list ap;
   va_start(ap, fmt);
-  std::vfprintf(fp, fmt, ap);
+  mv_vline(fp, fmt, ap);
   va_end(ap);
+}
+
+void mv_vline(FILE *fp, const char *fmt, va_list ap) {
+  std::vfprintf(fp, fmt, ap);
   std::fputc('\n', fp);
   std::fflush(fp);
 }

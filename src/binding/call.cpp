@@ -224,30 +224,31 @@ int exec_par(const char *name, int number, int kind) {
   return 0;
 }
 
+// The value of an integer entry; false for any other type.
+static bool integer_value(const StackEntry *e, int32_t &v) {
+  switch (e->type) {
+    case T_CHAR: v = e->value.c; return true;
+    case T_BYTE: v = e->value.b; return true;
+    case T_SHORT: v = e->value.s; return true;
+    case T_INT: v = e->value.i; return true;
+    default: return false;
+  }
+}
+
 int32_t get_ivalue(const StackEntry *e, int *code) {
   int32_t v;
-  switch (e->type) {
-    case T_CHAR: v = e->value.c; break;
-    case T_BYTE: v = e->value.b; break;
-    case T_SHORT: v = e->value.s; break;
-    case T_INT: v = e->value.i; break;
-    default: return 0;
-  }
+  if (!integer_value(e, v)) return 0;
   *code = T_INT;
   return v;
 }
 
 double get_dvalue(const StackEntry *e, int *code) {
+  int32_t i;
   double v;
-  switch (e->type) {
-    case T_CHAR: v = e->value.c; break;
-    case T_BYTE: v = e->value.b; break;
-    case T_SHORT: v = e->value.s; break;
-    case T_INT: v = e->value.i; break;
-    case T_FLOAT: v = e->value.f; break;
-    case T_DOUBLE: v = e->value.d; break;
-    default: return 0.0;
-  }
+  if (integer_value(e, i)) v = i;
+  else if (e->type == T_FLOAT) v = e->value.f;
+  else if (e->type == T_DOUBLE) v = e->value.d;
+  else return 0.0;
   *code = T_DOUBLE;
   return v;
 }

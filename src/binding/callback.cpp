@@ -20,10 +20,8 @@ char cfunc[CBNAMELEN + 1], cpiecb[CBNAMELEN + 1], cprjcb[CBNAMELEN + 1], cwincb[
 
 void reg_widget(int id, const char *name) {
   if (id < 1 || id > MAXWIDGET) return;
-  size_t n = std::strlen(name);
-  char *copy = static_cast<char *>(my_malloc(n + 1));
+  char *copy = copy_text(name);
   if (!copy) return;
-  std::memcpy(copy, name, n + 1);
   std::free(wgcb[id - 1]);
   wgcb[id - 1] = copy;
 }
@@ -42,25 +40,22 @@ struct CallState {
   void save() {
     stack.assign(stacklist, stacklist + g_nstack);
     g_nstack = 0;
-    std::memcpy(idx, idxpar, sizeof idx);
-    std::memcpy(ip, ipar, sizeof ip);
-    std::memcpy(cc, ccnt, sizeof cc);
-    std::memcpy(cb, cbytes, sizeof cb);
-    std::memcpy(xp, xpar, sizeof xp);
-    std::memcpy(cp, cpar, sizeof cp);
-    ni = nipar, nx = nxpar, ns = nspar, np = npar;
+    lists(true);
   }
   void restore() {
     free_stack(0);
     std::copy(stack.begin(), stack.end(), stacklist);
     g_nstack = static_cast<int>(stack.size());
-    std::memcpy(idxpar, idx, sizeof idx);
-    std::memcpy(ipar, ip, sizeof ip);
-    std::memcpy(ccnt, cc, sizeof cc);
-    std::memcpy(cbytes, cb, sizeof cb);
-    std::memcpy(xpar, xp, sizeof xp);
-    std::memcpy(cpar, cp, sizeof cp);
-    nipar = ni, nxpar = nx, nspar = ns, npar = np;
+    lists(false);
+  }
+  // Copies the parameter lists from the globals into this record, or back.
+  void lists(bool saving) {
+    auto copy = [saving](auto &mine, auto &global) {
+      if (saving) std::memcpy(&mine, &global, sizeof mine);
+      else std::memcpy(&global, &mine, sizeof mine);
+    };
+    copy(idx, idxpar), copy(ip, ipar), copy(cc, ccnt), copy(cb, cbytes), copy(xp, xpar), copy(cp, cpar);
+    copy(ni, nipar), copy(nx, nxpar), copy(ns, nspar), copy(np, npar);
   }
 };
 

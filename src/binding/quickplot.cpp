@@ -378,19 +378,22 @@ int surf3_zkl(int mode) {
     title();
     int colour = getclr();
     sclpax(0);
-    // A cell is as wide as the distance to its right neighbour (the last one: its left).
+    // A cell is as wide as the distance to its right neighbour (the last one: its left),
+    // measured in plot coordinates for every point, the neighbour first.
     auto extent = [](const std::vector<float> &c, int i, int (*posn)(float)) {
       int n = static_cast<int>(c.size());
       if (n < 2) return 1;
-      int j = i + 1 < n ? i + 1 : i - 1;
-      return std::abs(posn(c[j]) - posn(c[i])) + 1;
+      int neighbour = posn(c[i + 1 < n ? i + 1 : i - 1]);
+      int own = posn(c[i]);
+      return std::abs(neighbour - own) + 1;
     };
     const float *z = data(g.z);
-    for (int i = 0; i < g.nx; ++i) {
-      int w = extent(g.x, i, nxposn);
-      for (int j = 0; j < g.ny; ++j)
-        rpoint(g.x[i], g.y[j], z[i * g.ny + j], w, extent(g.y, j, nyposn));
-    }
+    for (int i = 0; i < g.nx; ++i)
+      for (int j = 0; j < g.ny; ++j) {
+        int w = extent(g.x, i, nxposn);
+        int h = extent(g.y, j, nyposn);
+        rpoint(g.x[i], g.y[j], z[i * g.ny + j], w, h);
+      }
     sclpax(1);
     setclr(colour);
   }

@@ -103,23 +103,17 @@ static int swgcb_r(Marshal &) {
   return 0;
 }
 
-static int swgcb2_r(Marshal &) {
+// The widget callbacks without a user array: the procedure named for the widget, then the
+// library told which trampoline to call.
+template <auto set, auto trampoline>
+static int widget_callback(Marshal &) {
   reg_widget(ipar[0], text_arg(0));
-  swgcb2(ipar[0], callbck2);
+  set(ipar[0], trampoline);
   return 0;
 }
-
-static int swgcb3_r(Marshal &) {
-  reg_widget(ipar[0], text_arg(0));
-  swgcb3(ipar[0], callbck3);
-  return 0;
-}
-
-static int swgcbk_r(Marshal &) {
-  reg_widget(ipar[0], text_arg(0));
-  swgcbk(ipar[0], callbck4);
-  return 0;
-}
+static constexpr auto swgcb2_r = widget_callback<swgcb2, callbck2>;
+static constexpr auto swgcb3_r = widget_callback<swgcb3, callbck3>;
+static constexpr auto swgcbk_r = widget_callback<swgcbk, callbck4>;
 
 static int piecbk_r(Marshal &) {
   reg_callback(cpiecb, text_arg(0));

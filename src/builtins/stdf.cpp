@@ -81,14 +81,7 @@ static int text_failed(int base) {
 // Replaces the entries from `base` up by a STRING that takes over `text` of `n` characters.
 static void put_owned_str(int base, char *text, int32_t n) {
   free_stack(base);
-  StackEntry *e = push_slot();
-  if (!e) {
-    std::free(text);
-    return;
-  }
-  e->type = T_STRING;
-  e->count = n;
-  e->value.str = text;
+  push_owned_str(text, n);
 }
 
 static void put_str(int base, const std::string &text) {

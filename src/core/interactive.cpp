@@ -121,16 +121,7 @@ int list_zkl() {
 
 int logon_zkl() {
   if (g_intact != 1) return 0;
-  parse(0);
-  if (g_nstack == 0) {
-    error("Missing file parameter in LOGON");
-    return 1;
-  }
-  if (stacklist[0].type != T_STRING) {
-    error("Parameter mismatch in LOGON");
-    free_stack(0);
-    return 1;
-  }
+  if (!parse_text_param("Missing file parameter in LOGON", "Parameter mismatch in LOGON")) return 1;
   qqscpy(clog, stacklist[0].value.str, PATHLEN);
   free_stack(0);
   gfilnn(clog);

@@ -404,16 +404,8 @@ int exec_include() {
     qqscpy(name, cincfl, PATHLEN);
   } else {
     first = false;
-    parse(0);
-    if (g_nstack == 0) {
-      error("Missing parameter in INCLUDE statement");
+    if (!parse_text_param("Missing parameter in INCLUDE statement", "Parameter of INCLUDE must be a string"))
       return 1;
-    }
-    if (stacklist[0].type != T_STRING) {
-      error("Parameter of INCLUDE must be a string");
-      free_stack(0);
-      return 1;
-    }
     if (g_nstack > 1) error("Too many parameters in INCLUDE statement");
     if (ilex != TK_END) error("Expected end of statement in INCLUDE");
     qqscpy(name, stacklist[0].value.str, PATHLEN);

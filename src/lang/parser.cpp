@@ -41,39 +41,34 @@ StackEntry *push_slot() {
   return e;
 }
 
-int push_int(int32_t value) {
+template <typename T>
+static int push_number(int type, T Value::*field, T value) {
   StackEntry *e = push_slot();
   if (!e) return 1;
-  e->type = T_INT;
-  e->value.i = value;
+  e->type = type;
+  e->value.*field = value;
   return 0;
 }
 
-int push_double(double value) {
+int push_int(int32_t value) { return push_number(T_INT, &Value::i, value); }
+
+int push_double(double value) { return push_number(T_DOUBLE, &Value::d, value); }
+
+int push_owned_str(char *text, int32_t n) {
   StackEntry *e = push_slot();
-  if (!e) return 1;
-  e->type = T_DOUBLE;
-  e->value.d = value;
+  if (!e) {
+    std::free(text);
+    return 1;
+  }
+  e->type = T_STRING;
+  e->count = n;
+  e->value.str = text;
   return 0;
 }
 
 int push_str(const char *text) {
-  size_t n = std::strlen(text);
-  char *p = static_cast<char *>(std::malloc(n + 1));
-  if (!p) {
-    error("Not enough memory");
-    return 1;
-  }
-  StackEntry *e = push_slot();
-  if (!e) {
-    std::free(p);
-    return 1;
-  }
-  std::memcpy(p, text, n + 1);
-  e->type = T_STRING;
-  e->count = static_cast<int32_t>(n);
-  e->value.str = p;
-  return 0;
+  char *p = copy_text(text);
+  return p ? push_owned_str(p, static_cast<int32_t>(std::strlen(p))) : 1;
 }
 
 int push_var(const VarRecord *rec) {
@@ -464,4 +459,18 @@ IndexRecord *parse_idx() {
   }
   idxl.nidx = static_cast<uint8_t>(k);
   return &idxl;
+}
+
+bool parse_text_param(const char *missing, const char *not_text) {
+  parse(0);
+  if (g_nstack == 0) {
+    error(missing);
+    return false;
+  }
+  if (stacklist[0].type != T_STRING) {
+    error(not_text);
+    free_stack(0);
+    return false;
+  }
+  return true;
 }

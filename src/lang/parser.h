@@ -21,11 +21,16 @@ extern IndexRecord idxr, idxl;
 extern bool g_abort;
 
 StackEntry *parse(int mode);
+// Parses the parameters of a statement whose first one is a text, left at stack entry 0;
+// otherwise reports the one message or the other and returns false with the stack empty.
+bool parse_text_param(const char *missing, const char *not_text);
 IndexRecord *parse_idx();
 int set_index(IndexRecord *rec, int k);
 int push_int(int32_t value);
 int push_double(double value);
 int push_str(const char *text);
+// Pushes a STRING of n characters that takes over text (freed when the stack is full).
+int push_owned_str(char *text, int32_t n);
 int push_var(const VarRecord *rec);
 int push_index(int index);
 // Takes the next free stack slot, cleared; null (after a message) when the stack is full.

@@ -198,6 +198,13 @@ static void release_and_pop() {
   pop_stack();
 }
 
+// A division by zero in a scalar operation: the upper entry goes, the lower stays.
+static int divided_by_zero() {
+  error("Divide by zero");
+  pop_stack();
+  return 1;
+}
+
 // "%" and the logical operators need INT operands: the upper entry goes, the lower stays.
 static int refuse_integer_op(int op) {
   error(op == '%' ? "Modulo operands must be of type integer" : "AND operands must be of type INT");
@@ -208,19 +215,11 @@ static int refuse_integer_op(int op) {
 template <typename T>
 static int int_scalar(int op, T *a, T b, StackEntry &l, bool is_int) {
   if (is_arith(op)) {
-    if (!int_arith(op, *a, b, a)) {
-      error("Divide by zero");
-      pop_stack();
-      return 1;
-    }
+    if (!int_arith(op, *a, b, a)) return divided_by_zero();
   } else if (!is_compare(op) && !is_int) {
     return refuse_integer_op(op);
   } else if (op == '%') {
-    if (b == 0) {
-      error("Divide by zero");
-      pop_stack();
-      return 1;
-    }
+    if (b == 0) return divided_by_zero();
     *a = static_cast<T>(static_cast<int64_t>(*a) % static_cast<int64_t>(b));
   } else if (is_compare(op)) {
     l.value.i = compare(op, *a, b);
@@ -236,11 +235,7 @@ static int int_scalar(int op, T *a, T b, StackEntry &l, bool is_int) {
 template <typename T>
 static int float_scalar(int op, T *a, T b, StackEntry &l) {
   if (is_arith(op)) {
-    if (!float_arith(op, *a, b, a)) {
-      error("Divide by zero");
-      pop_stack();
-      return 1;
-    }
+    if (!float_arith(op, *a, b, a)) return divided_by_zero();
   } else if (is_compare(op)) {
     l.value.i = compare(op, *a, b);
     l.type = T_INT;
@@ -254,11 +249,7 @@ static int float_scalar(int op, T *a, T b, StackEntry &l) {
 static int complex_scalar(int op, StackEntry &l, StackEntry &u) {
   if (is_arith(op)) {
     float r[2];
-    if (!complex_arith(op, l.value.cx, u.value.cx, r)) {
-      error("Divide by zero");
-      pop_stack();
-      return 1;
-    }
+    if (!complex_arith(op, l.value.cx, u.value.cx, r)) return divided_by_zero();
     l.value.cx[0] = r[0];
     l.value.cx[1] = r[1];
   } else if (is_compare(op)) {

@@ -95,17 +95,20 @@ int free_level(int level) {
   return 0;
 }
 
-int var_setstr(VarRecord *rec, const char *text) {
+char *copy_text(const char *text) {
   size_t n = std::strlen(text);
   char *p = static_cast<char *>(std::malloc(n + 1));
-  if (!p) {
-    error("Not enough memory");
-    return 1;
-  }
-  std::memcpy(p, text, n + 1);
+  if (p) std::memcpy(p, text, n + 1);
+  else error("Not enough memory");
+  return p;
+}
+
+int var_setstr(VarRecord *rec, const char *text) {
+  char *p = copy_text(text);
+  if (!p) return 1;
   rec->value.str = p;
   rec->type = T_STRING;
-  rec->count = static_cast<int32_t>(n);
+  rec->count = static_cast<int32_t>(std::strlen(p));
   return 0;
 }
 

@@ -63,6 +63,8 @@ int find_freevar();
 int insert_var(VarRecord *rec, int index);
 int free_var(int index);
 int free_level(int level);
+// A malloc copy of text; null, after "Not enough memory", when there is no room.
+char *copy_text(const char *text);
 int var_setstr(VarRecord *rec, const char *text);
 int check_crayvar(const VarRecord *rec);
 int init_lab();

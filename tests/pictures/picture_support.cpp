@@ -1,49 +1,10 @@
 #include "picture_support.h"
-#include "mirval.h"
 #include "state.h"
-
-#include <cairo.h>
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
-#include <cstdlib>
-#include <fstream>
 #include <regex>
 #include <sstream>
-#include <sys/stat.h>
-#include <unistd.h>
-
-void PictureTest::SetUp() {
-  char buf[4096];
-  old_dir_ = getcwd(buf, sizeof buf) ? buf : ".";
-  char tmpl[] = "/tmp/mirval-pictures-XXXXXX";
-  ASSERT_NE(mkdtemp(tmpl), nullptr);
-  dir_ = tmpl;
-  ASSERT_EQ(chdir(dir_.c_str()), 0);
-  if (getlev() > 0) mirfin();
-  errmod("ALL", "ON");
-  reset("ALL");
-}
-
-void PictureTest::TearDown() {
-  if (getlev() > 0) mirfin();
-  ASSERT_EQ(chdir(old_dir_.c_str()), 0);
-  std::string cmd = "rm -rf '" + dir_ + "'";
-  ASSERT_EQ(std::system(cmd.c_str()), 0);
-}
-
-std::string read_file(const std::string &name) {
-  std::ifstream in(name, std::ios::binary);
-  std::ostringstream s;
-  s << in.rdbuf();
-  return s.str();
-}
-
-bool file_exists(const std::string &name) {
-  struct stat st;
-  return stat(name.c_str(), &st) == 0;
-}
 
 std::vector<SvgStroke> svg_strokes(const std::string &svg) {
   std::vector<SvgStroke> out;
@@ -95,22 +56,9 @@ struct Ink {
 };
 
 Ink ink_of(const std::string &png) {
-  Ink ink;
-  cairo_surface_t *s = cairo_image_surface_create_from_png(png.c_str());
-  if (cairo_surface_status(s) == CAIRO_STATUS_SUCCESS) {
-    ink.w = cairo_image_surface_get_width(s);
-    ink.h = cairo_image_surface_get_height(s);
-    int stride = cairo_image_surface_get_stride(s);
-    const unsigned char *data = cairo_image_surface_get_data(s);
-    for (int y = 0; y < ink.h; ++y)
-      for (int x = 0; x < ink.w; ++x) {
-        uint32_t p;
-        std::memcpy(&p, data + y * stride + 4 * x, 4);
-        int r = (p >> 16) & 255, g = (p >> 8) & 255, b = p & 255;
-        ink.on.push_back(std::min({r, g, b}) < 160);
-      }
-  }
-  cairo_surface_destroy(s);
+  Picture p = read_png(png);
+  Ink ink{p.w, p.h, {}};
+  for (const Pixel &px : p.px) ink.on.push_back(std::min({px.r, px.g, px.b}) < 160);
   return ink;
 }
 

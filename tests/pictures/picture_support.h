@@ -1,21 +1,11 @@
-// Helpers of the picture tests: a temporary working directory with the library back at its
-// defaults, reading the files it writes, and comparing pictures.
+// Helpers of the picture tests: reading SVG strokes and page texts, and comparing pictures.
 #pragma once
-#include <gtest/gtest.h>
+#include "library_test.h"
 
 #include <string>
 #include <vector>
 
-// Each test runs in a fresh temporary directory with the library closed and reset.
-class PictureTest : public ::testing::Test {
- protected:
-  void SetUp() override;
-  void TearDown() override;
-  std::string dir_, old_dir_;
-};
-
-std::string read_file(const std::string &name);
-bool file_exists(const std::string &name);
+using PictureTest = LibraryTest;
 
 // A stroked path of an SVG file: its points in plot units (the renderer draws strokes in
 // plot units and gives the scale as the transform).

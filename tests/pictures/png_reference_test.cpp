@@ -11,13 +11,17 @@ namespace {
 
 class PngTest : public PictureTest {};
 
-void axes_and_curves() {
+void damped_axes() {
   height(50);
   name("Time [s]", "X");
   name("Signal", "Y");
   titlin("Damped oscillation", 1);
   graf(0, 10, 0, 2, -1, 1, -1, 0.5);
   title();
+}
+
+void axes_and_curves() {
+  damped_axes();
   float x[200], y[200];
   for (int i = 0; i < 200; ++i) x[i] = i * 0.05f, y[i] = std::exp(-0.25f * x[i]) * std::cos(3 * x[i]);
   color("RED");
@@ -122,16 +126,6 @@ TEST_F(PngTest, AMisplacedAxisIsNoticed) {
 }
 
 TEST_F(PngTest, AMissingCurveIsNoticed) {
-  std::string file = "axes_only.png";
-  winsiz(600, 424);
-  setfil(file.c_str());
-  mirini();
-  height(50);
-  name("Time [s]", "X");
-  name("Signal", "Y");
-  titlin("Damped oscillation", 1);
-  graf(0, 10, 0, 2, -1, 1, -1, 0.5);
-  title();
-  mirfin();
+  std::string file = render({"axes_only", damped_axes});
   EXPECT_GT(ink_mismatch(file, reference(references[0]), 2), 0.05);
 }
