@@ -212,38 +212,6 @@ std::vector<std::vector<std::vector<Pt>>> contour_layers(const GridData &g, cons
   return layers;
 }
 
-std::vector<Pt> simplify(const std::vector<Pt> &line, double tol) {
-  // the points dropped since the last kept one must all stay within tol of the straight line
-  // that replaces them; runs are kept short so that the checks stay linear overall
-  const size_t longest_run = 64;
-  std::vector<Pt> out;
-  size_t anchor = 0;  // index in 'line' of the last kept point
-  auto off_line = [&](size_t from, size_t to) {
-    Pt a = line[from], b = line[to];
-    double dx = b.x - a.x, dy = b.y - a.y, len = std::hypot(dx, dy);
-    for (size_t k = from + 1; k < to; ++k) {
-      Pt p = line[k];
-      double d = len > 0 ? std::fabs((p.x - a.x) * dy - (p.y - a.y) * dx) / len : std::hypot(p.x - a.x, p.y - a.y);
-      double along = (p.x - a.x) * dx + (p.y - a.y) * dy;
-      if (d >= tol || along < 0 || along > len * len) return true;
-    }
-    return false;
-  };
-  if (line.empty()) return out;
-  out.push_back(line[0]);
-  for (size_t k = 1; k < line.size(); ++k) {
-    bool last = k + 1 == line.size();
-    if (!last && std::hypot(line[k].x - out.back().x, line[k].y - out.back().y) < tol) continue;
-    // line[k - 1] is kept when the line to line[k] would pass too far from the points before
-    if (k - 1 > anchor && (k - anchor > longest_run || off_line(anchor, k))) {
-      out.push_back(line[k - 1]);
-      anchor = k - 1;
-    }
-    if (last) out.push_back(line[k]);
-  }
-  return out;
-}
-
 Pt point_at(const std::vector<Pt> &line, double s) {
   for (size_t k = 1; k < line.size(); ++k) {
     double d = std::hypot(line[k].x - line[k - 1].x, line[k].y - line[k - 1].y);
@@ -307,8 +275,6 @@ std::vector<Pt> to_page(const std::vector<Pt> &line) {
   return out;
 }
 
-// Finer than a raster pixel and than print can show.
-constexpr double page_tolerance = 0.3;
 
 // The text on the lines of a level (and its raised exponent), or an empty text when
 // LABELS(..., 'CONTOUR') asks for none.
@@ -339,7 +305,7 @@ void draw_level(const std::vector<std::vector<Pt>> &lines, double level) {
   double h = st.text.height, width = text.empty() ? 0 : text_length(text, label.sup, h) + 2 * g.label_gap * h;
   Path path;  // all lines of the level make one stroke
   for (const std::vector<Pt> &grid_line : lines) {
-    std::vector<Pt> line = simplify(to_page(grid_line), page_tolerance);
+    std::vector<Pt> line = simplify(to_page(grid_line), POLYLINE_TOLERANCE);
     double length = 0;
     for (size_t k = 1; k < line.size(); ++k) length += std::hypot(line[k].x - line[k - 1].x, line[k].y - line[k - 1].y);
     if (text.empty() || length < g.label_least * width) {

@@ -26,10 +26,6 @@ std::vector<std::vector<Pt>> contour_lines(const GridData &g, double level);
 // without seams. l[0] may be -inf and l[m] +inf.
 std::vector<std::vector<std::vector<Pt>>> contour_layers(const GridData &g, const std::vector<double> &l);
 
-// The polyline without points closer than tol to the previous kept point and without the
-// inner points of runs that stay within tol of a straight line.
-std::vector<Pt> simplify(const std::vector<Pt> &line, double tol);
-
 // The pieces of a polyline left when the arc-length intervals [a, b] are cut out of it
 // (intervals sorted and disjoint).
 std::vector<std::vector<Pt>> cut_gaps(const std::vector<Pt> &line, const std::vector<std::pair<double, double>> &gaps);

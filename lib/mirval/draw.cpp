@@ -202,3 +202,35 @@ bool in_range(const char *routine, const char *what, double v, double lo, double
   mv_warn(routine, "%s %g out of range %g..%g", what, v, lo, hi);
   return false;
 }
+
+std::vector<Pt> simplify(const std::vector<Pt> &line, double tol) {
+  // the points dropped since the last kept one must all stay within tol of the straight line
+  // that replaces them; runs are kept short so that the checks stay linear overall
+  const size_t longest_run = 16;
+  std::vector<Pt> out;
+  size_t anchor = 0;  // index in 'line' of the last kept point
+  auto off_line = [&](size_t from, size_t to) {
+    Pt a = line[from], b = line[to];
+    double dx = b.x - a.x, dy = b.y - a.y, len = std::hypot(dx, dy);
+    for (size_t k = from + 1; k < to; ++k) {
+      Pt p = line[k];
+      double d = len > 0 ? std::fabs((p.x - a.x) * dy - (p.y - a.y) * dx) / len : std::hypot(p.x - a.x, p.y - a.y);
+      double along = (p.x - a.x) * dx + (p.y - a.y) * dy;
+      if (d >= tol || along < 0 || along > len * len) return true;
+    }
+    return false;
+  };
+  if (line.empty()) return out;
+  out.push_back(line[0]);
+  for (size_t k = 1; k < line.size(); ++k) {
+    bool last = k + 1 == line.size();
+    if (!last && std::hypot(line[k].x - out.back().x, line[k].y - out.back().y) < tol) continue;
+    // line[k - 1] is kept when the line to line[k] would pass too far from the points before
+    if (k - 1 > anchor && (k - anchor > longest_run || off_line(anchor, k))) {
+      out.push_back(line[k - 1]);
+      anchor = k - 1;
+    }
+    if (last) out.push_back(line[k]);
+  }
+  return out;
+}

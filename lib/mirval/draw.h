@@ -45,3 +45,10 @@ Path fit_path(const Path &p, const Rect &clip, bool closed);
 // the argument, and returns false. Sizes are capped so that no setting can push coordinates
 // beyond what the renderer can hold.
 bool in_range(const char *routine, const char *what, double v, double lo, double hi);
+
+// The polyline without points closer than tol to the previous kept point and without the
+// inner points of runs that stay within tol of a straight line.
+std::vector<Pt> simplify(const std::vector<Pt> &line, double tol);
+// Finer than a raster pixel and than print can show: dense data lose nothing when points
+// closer than this are merged, and draw much faster.
+constexpr double POLYLINE_TOLERANCE = 0.3;

@@ -33,7 +33,7 @@ static bool read_rec() {
   int c;
   nlen = 0;
   toolong = false;
-  while ((c = std::getc(fptr)) != EOF && c != '\n') {
+  while ((c = getc_unlocked(fptr)) != EOF && c != '\n') {  // one reader: no locking per character
     if (nlen < DATRECLEN) crec[nlen++] = static_cast<char>(c);
     else toolong = true;
   }
