@@ -96,7 +96,7 @@ std::vector<std::vector<Pt>> connect_points(const std::vector<Pt> &pts, Interp h
   std::vector<std::vector<Pt>> out;
   for (const std::vector<Pt> &run : runs(pts)) {
     switch (how) {
-      case Interp::Linear: out.push_back(simplify(run, POLYLINE_TOLERANCE)); break;
+      case Interp::Linear: out.push_back(simplify(run, POLYLINE_TOLERANCE, 5.0)); break;
       case Interp::Spline: out.push_back(spline_points(run, 16)); break;
       case Interp::Step:
       case Interp::Stairs: {

@@ -203,7 +203,7 @@ bool in_range(const char *routine, const char *what, double v, double lo, double
   return false;
 }
 
-std::vector<Pt> simplify(const std::vector<Pt> &line, double tol) {
+std::vector<Pt> simplify(const std::vector<Pt> &line, double tol, double span) {
   // the points dropped since the last kept one must all stay within tol of the straight line
   // that replaces them; runs are kept short so that the checks stay linear overall
   const size_t longest_run = 16;
@@ -226,7 +226,8 @@ std::vector<Pt> simplify(const std::vector<Pt> &line, double tol) {
     bool last = k + 1 == line.size();
     if (!last && std::hypot(line[k].x - out.back().x, line[k].y - out.back().y) < tol) continue;
     // line[k - 1] is kept when the line to line[k] would pass too far from the points before
-    if (k - 1 > anchor && (k - anchor > longest_run || off_line(anchor, k))) {
+    bool too_far = std::hypot(line[k].x - line[anchor].x, line[k].y - line[anchor].y) > span;
+    if (k - 1 > anchor && (k - anchor > longest_run || too_far || off_line(anchor, k))) {
       out.push_back(line[k - 1]);
       anchor = k - 1;
     }

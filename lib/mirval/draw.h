@@ -1,6 +1,7 @@
 // Drawing with the current pen: the routines of every concern turn their geometry into
 // items of the current page through these helpers.
 #pragma once
+#include <cmath>
 #include "scene.h"
 #include "state.h"
 
@@ -47,8 +48,8 @@ Path fit_path(const Path &p, const Rect &clip, bool closed);
 bool in_range(const char *routine, const char *what, double v, double lo, double hi);
 
 // The polyline without points closer than tol to the previous kept point and without the
-// inner points of runs that stay within tol of a straight line.
-std::vector<Pt> simplify(const std::vector<Pt> &line, double tol);
-// Finer than a raster pixel and than print can show: dense data lose nothing when points
-// closer than this are merged, and draw much faster.
+// inner points of runs that stay within tol of a straight line. A run never spans more than
+// `span` plot units, so that sparse data keep every point and only dense data are thinned.
+std::vector<Pt> simplify(const std::vector<Pt> &line, double tol, double span = INFINITY);
+// Finer than a raster pixel and than print can show.
 constexpr double POLYLINE_TOLERANCE = 0.3;
