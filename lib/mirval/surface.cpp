@@ -160,17 +160,6 @@ struct Surface {
   }
 };
 
-// The cell a little larger, so that it reaches under its neighbours: no seams between cells.
-std::vector<Pt> widened(std::vector<Pt> q, double by) {
-  Pt c{0, 0};
-  for (Pt p : q) c.x += p.x / q.size(), c.y += p.y / q.size();
-  for (Pt &p : q) {
-    double d = std::hypot(p.x - c.x, p.y - c.y);
-    if (d > 0) p.x += (p.x - c.x) / d * by, p.y += (p.y - c.y) / d * by;
-  }
-  return q;
-}
-
 Rgb side_colour(int entry) { return entry < 0 ? pen_rgb() : table_rgb(entry); }
 
 // Draws the grid surface: every cell filled with the background, over what it hides, and
@@ -206,8 +195,12 @@ void shaded_surface(const Surface &s) {
     double user = r.a + (z / sp.box[2] + 0.5) * (r.e - r.a);  // back to axis units
     int c = colour_entry(AxisRange{r.a, r.e, r.a, 1, false}, st.grid.colour_lo, st.grid.colour_hi, user);
     if (c < 0) continue;
-    fill_path(fit_path(closed_path(widened(q, 0.5)), clip, true), table_rgb(c));
-    if (sp.mesh) stroke_path(fit_path(closed_path(q), clip, true), pen_rgb(), st.pen.width, st.pen.dash);
+    // the cell's outline in its own colour covers the edge that anti-aliasing leaves
+    // half-transparent, so that no background shows between neighbours
+    Path cell = fit_path(closed_path(q), clip, true);
+    fill_path(cell, table_rgb(c));
+    stroke_path(cell, table_rgb(c), 1, {});
+    if (sp.mesh) stroke_path(cell, pen_rgb(), st.pen.width, st.pen.dash);
   }
 }
 
