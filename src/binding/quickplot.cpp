@@ -155,11 +155,14 @@ int plot_zkl(int mode) {
   setvar(-1);
   for (int axis = 0; axis < 2; ++axis) {  // the range over every array of the axis
     float range[2] = {0, 0};
+    bool first = true;
     for (int k = axis; k < n; k += 2) {
+      if (a[k]->count <= 0) continue;  // an empty array has no values to range over
       float r[2];
       data_range(data(a[k]), a[k]->count, r);
-      if (k == axis || r[0] < range[0]) range[0] = r[0];
-      if (k == axis || r[1] > range[1]) range[1] = r[1];
+      if (first || r[0] < range[0]) range[0] = r[0];
+      if (first || r[1] > range[1]) range[1] = r[1];
+      first = false;
     }
     set_scaling(range, axis);
   }
