@@ -248,6 +248,11 @@ void write_output(const char *routine, bool announce) {
   MirvalState &st = mirval_state();
   if (st.page.refused || st.scene.pages.empty()) return;
   Format f = st.page.format;
+  Scene &sc = st.scene;
+  if (sc.written == sc.changes) {  // the file already holds this picture
+    if (announce) mv_note("wrote %s (%s, %d x %d)", st.page.used.c_str(), format_name(f), sc.written_w, sc.written_h);
+    return;
+  }
   int w = 0, h = 0;
   std::string bytes = is_raster(f) ? render_raster(f, w, h) : render_vector(f, w, h);
   FILE *fp = std::fopen(st.page.used.c_str(), "wb");
@@ -261,6 +266,9 @@ void write_output(const char *routine, bool announce) {
     mv_error(routine, "cannot write %s", st.page.used.c_str());
     return;
   }
+  sc.written = sc.changes;
+  sc.written_w = w;
+  sc.written_h = h;
   if (announce) mv_note("wrote %s (%s, %d x %d)", st.page.used.c_str(), format_name(f), w, h);
 }
 

@@ -42,6 +42,7 @@ void add_item(Item it) {
   Scene &sc = mirval_state().scene;
   if (sc.pages.empty()) sc.pages.emplace_back();
   sc.current().items.push_back(std::move(it));
+  ++sc.changes;
 }
 
 void stroke_polyline(const std::vector<Pt> &pts, const Rect &clip, Rgb rgb, double width,

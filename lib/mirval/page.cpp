@@ -163,6 +163,7 @@ void mirini(void) {
   if (st.page.screen)
     mv_warn("mirini", "no screen window can be opened; the picture goes to %s", st.page.used.c_str());
   st.scene.pages.assign(1, Page{});
+  ++st.scene.changes;
   st.legend.curves.clear();
   st.level = 1;
   if (!st.page.exit_hook) {
@@ -177,6 +178,7 @@ void mirfin(void) {
   MirvalState &st = mirval_state();
   write_output("mirfin", true);
   st.scene.pages.clear();
+  ++st.scene.changes;
   st.level = 0;
 }
 
@@ -191,6 +193,7 @@ void erase(void) {
   if (!mv_level("erase", 1, 3)) return;
   MirvalState &st = mirval_state();
   st.scene.current().items.clear();
+  ++st.scene.changes;
   st.legend.curves.clear();
 }
 
@@ -199,6 +202,7 @@ void newpag(void) {
   if (!mv_level("newpag", 1, 3)) return;
   MirvalState &st = mirval_state();
   st.scene.pages.emplace_back();
+  ++st.scene.changes;
   st.legend.curves.clear();
 }
 

@@ -56,4 +56,9 @@ struct Page {
 struct Scene {
   std::vector<Page> pages;    // NEWPAG starts another one
   Page &current() { return pages.back(); }
+  // Counts every change, so that a file already written with the same picture (SENDBF, then
+  // the end of the program) is not rendered again.
+  unsigned long changes = 0;
+  unsigned long written = ~0ul;  // `changes` when the file was last written
+  int written_w = 0, written_h = 0;
 };
