@@ -159,6 +159,7 @@ std::string render_raster(Format f, int &w, int &h) {
   cairo_t *cr = cairo_create(s);
   double scale = std::min(double(w) / st.page.width, double(h) / st.page.height);
   View v = page_view(scale, (w - st.page.width * scale) / 2, (h - st.page.height * scale) / 2, 1);
+  v.raster = true;
   render_page(cr, st.scene.pages.back(), v);
   cairo_destroy(cr);
   cairo_surface_flush(s);

@@ -73,10 +73,15 @@ void stroke_path(const Path &p) {
   stroke_path(p, pen_rgb(), pen.width, pen.dash);
 }
 
-void fill_path(const Path &p, Rgb rgb) {
+static void fill_item(const Path &p, Rgb rgb, ItemKind kind);
+
+void fill_path(const Path &p, Rgb rgb) { fill_item(p, rgb, ItemKind::Fill); }
+void fill_cell(const Path &p, Rgb rgb) { fill_item(p, rgb, ItemKind::Cell); }
+
+static void fill_item(const Path &p, Rgb rgb, ItemKind kind) {
   if (p.empty()) return;
   Item it;
-  it.kind = ItemKind::Fill;
+  it.kind = kind;
   it.rgb = rgb;
   it.path = p;
   add_item(std::move(it));

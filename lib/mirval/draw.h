@@ -26,6 +26,8 @@ void stroke_path(const Path &p);
 void stroke_path(const Path &p, Rgb rgb, double width, const std::vector<double> &dash);
 // Fills a path in one colour.
 void fill_path(const Path &p, Rgb rgb);
+// A cell of a surface or matrix that meets its neighbours without seams.
+void fill_cell(const Path &p, Rgb rgb);
 // A closed shape as SHDPAT wants it: hatched or filled in the pen colour, then outlined.
 void shape_path(const Path &p);
 // Polygons cut to a rectangle, as paths.

@@ -105,6 +105,22 @@ void render_page(cairo_t *cr, const Page &page, const View &v) {
         cairo_set_fill_rule(cr, CAIRO_FILL_RULE_EVEN_ODD);
         cairo_fill(cr);
         break;
+      case ItemKind::Cell:
+        // Anti-aliased edges of cells that meet let the background through: pixels are
+        // filled crisp, vector files get a hairline outline in the cell's own colour.
+        set_path(cr, it.path);
+        cairo_set_fill_rule(cr, CAIRO_FILL_RULE_EVEN_ODD);
+        if (v.raster) {
+          cairo_set_antialias(cr, CAIRO_ANTIALIAS_NONE);
+          cairo_fill(cr);
+          cairo_set_antialias(cr, CAIRO_ANTIALIAS_DEFAULT);
+        } else {
+          cairo_fill_preserve(cr);
+          set_width(cr, 1, v);
+          cairo_set_dash(cr, nullptr, 0, 0);
+          cairo_stroke(cr);
+        }
+        break;
       case ItemKind::Hatch: draw_hatch(cr, it, v); break;
       case ItemKind::Text: draw_text(cr, it); break;
     }

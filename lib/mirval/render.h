@@ -9,6 +9,7 @@ struct View {
   double dx = 0, dy = 0;   // device offset of the page's upper left corner
   double min_width = 0;    // thinnest line in device units
   Rgb background{1, 1, 1};
+  bool raster = false;     // pixels: cells are filled without anti-aliasing
 };
 
 void render_page(cairo_t *cr, const Page &page, const View &view);

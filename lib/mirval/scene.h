@@ -27,7 +27,8 @@ struct Path {
   bool empty() const { return ops.empty(); }
 };
 
-enum class ItemKind : uint8_t { Stroke, Fill, Hatch, Text };
+// Cell: a fill that meets its neighbours edge to edge (surface cells): drawn without seams.
+enum class ItemKind : uint8_t { Stroke, Fill, Cell, Hatch, Text };
 // Line ends: Auto is round for solid lines and cut for dashes.
 enum class Cap : uint8_t { Auto, Round, Cut, Long };
 enum class Join : uint8_t { Round, Sharp, Trunc };

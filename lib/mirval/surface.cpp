@@ -195,11 +195,8 @@ void shaded_surface(const Surface &s) {
     double user = r.a + (z / sp.box[2] + 0.5) * (r.e - r.a);  // back to axis units
     int c = colour_entry(AxisRange{r.a, r.e, r.a, 1, false}, st.grid.colour_lo, st.grid.colour_hi, user);
     if (c < 0) continue;
-    // the cell's outline in its own colour covers the edge that anti-aliasing leaves
-    // half-transparent, so that no background shows between neighbours
     Path cell = fit_path(closed_path(q), clip, true);
-    fill_path(cell, table_rgb(c));
-    stroke_path(cell, table_rgb(c), 1, {});
+    fill_cell(cell, table_rgb(c));
     if (sp.mesh) stroke_path(cell, pen_rgb(), st.pen.width, st.pen.dash);
   }
 }
