@@ -57,14 +57,20 @@ void stroke_polyline(const std::vector<Pt> &pts, const Rect &clip) {
   stroke_polyline(pts, clip, pen_rgb(), pen.width, pen.dash);
 }
 
+// An item that draws a path in one colour.
+static Item path_item(ItemKind kind, Rgb rgb, const Path &p) {
+  Item it;
+  it.kind = kind;
+  it.rgb = rgb;
+  it.path = p;
+  return it;
+}
+
 void stroke_path(const Path &p, Rgb rgb, double width, const std::vector<double> &dash) {
   if (p.empty()) return;
-  Item it;
-  it.kind = ItemKind::Stroke;
-  it.rgb = rgb;
+  Item it = path_item(ItemKind::Stroke, rgb, p);
   it.width = width;
   it.dash = dash;
-  it.path = p;
   add_item(std::move(it));
 }
 
@@ -73,18 +79,12 @@ void stroke_path(const Path &p) {
   stroke_path(p, pen_rgb(), pen.width, pen.dash);
 }
 
-static void fill_item(const Path &p, Rgb rgb, ItemKind kind);
+void fill_path(const Path &p, Rgb rgb) {
+  if (!p.empty()) add_item(path_item(ItemKind::Fill, rgb, p));
+}
 
-void fill_path(const Path &p, Rgb rgb) { fill_item(p, rgb, ItemKind::Fill); }
-void fill_cell(const Path &p, Rgb rgb) { fill_item(p, rgb, ItemKind::Cell); }
-
-static void fill_item(const Path &p, Rgb rgb, ItemKind kind) {
-  if (p.empty()) return;
-  Item it;
-  it.kind = kind;
-  it.rgb = rgb;
-  it.path = p;
-  add_item(std::move(it));
+void fill_cell(const Path &p, Rgb rgb) {
+  if (!p.empty()) add_item(path_item(ItemKind::Cell, rgb, p));
 }
 
 void shape_path(const Path &p) {
@@ -92,12 +92,9 @@ void shape_path(const Path &p) {
   if (pen.pattern >= 16) {
     fill_path(p, pen_rgb());
   } else if (pen.pattern > 0) {
-    Item it;
-    it.kind = ItemKind::Hatch;
-    it.rgb = pen_rgb();
+    Item it = path_item(ItemKind::Hatch, pen_rgb(), p);
     it.width = pen.width;
     it.hatch = pen.pattern;
-    it.path = p;
     add_item(std::move(it));
   }
   stroke_path(p);

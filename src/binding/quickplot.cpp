@@ -263,7 +263,7 @@ static bool grid_matrix(const char *what, Grid &g) {
   return true;
 }
 
-// Argument k as the coordinates of one grid direction of `n` points.
+// Argument k as the coordinates of one grid direction of `n` points (any number: n < 0).
 static bool grid_axis(int k, int n, const char *what, std::vector<float> &out) {
   char msg[80];
   bool isfloat;
@@ -274,12 +274,12 @@ static bool grid_axis(int k, int n, const char *what, std::vector<float> &out) {
     error(msg);
     return false;
   }
-  if (v->count != n) {
+  if (n >= 0 && v->count != n) {
     std::snprintf(msg, sizeof msg, "Dimension mismatch in %s", what);
     error(msg);
     return false;
   }
-  out.assign(data(v), data(v) + n);
+  out.assign(data(v), data(v) + v->count);
   return true;
 }
 
@@ -302,16 +302,7 @@ int contour_zkl(int shaded) {
   }
   int klev = nargs == 2 ? 1 : nargs >= 4 ? 3 : -1;
   if (klev > 0) {
-    bool isfloat;
-    const VarRecord *v = argument(klev, &isfloat);
-    if (!v) return fail();
-    if (!isfloat) {
-      char msg[80];
-      std::snprintf(msg, sizeof msg, "Parameter %d must be a floatingpoint array in %s", klev + 1, what);
-      error(msg);
-      return fail();
-    }
-    levels.assign(data(v), data(v) + v->count);
+    if (!grid_axis(klev, -1, what, levels)) return fail();
   } else {
     int count = g.z->count;
     float zmin = qqfmin(data(g.z), count), zmax = qqfmax(data(g.z), count);

@@ -25,12 +25,6 @@ void set_result_var(int index) { pending_result = index; }
 int proc_argcnt() { return g_nlevel > 0 ? usrproc.nparam[g_nlevel - 1] : 0; }
 int proc_keycnt() { return g_nlevel > 0 ? usrproc.nkey[g_nlevel - 1] : 0; }
 
-// Frees the parameter records made for a call that could not be made.
-static void drop_params(int level) {
-  for (int i = 0; i < MAXVAR; ++i)
-    if (varlist[i].type != T_FREE && varlist[i].level == level) free_var(i);
-}
-
 // Binds one actual parameter text to a new record at `level`; false after an error.
 static bool make_param(const char *piece, int level, int k, const char *key) {
   init_lex(piece);
@@ -121,18 +115,18 @@ int call_zkl(int kind, const char *name) {
   for (int k = 1; get_parexpr(copy.data(), k == 1, piece.data(), keyname); ++k) {
     key[0] = '\0';
     if (*keyname && !keyword_name(keyname, key)) {
-      drop_params(level);
+      free_level(level);  // the parameters of a call that could not be made
       return 1;
     }
     if (!make_param(piece.data(), level, k, key)) {
-      drop_params(level);
+      free_level(level);  // the parameters of a call that could not be made
       return 1;
     }
     ++n;
     if (*key) ++nkey;
   }
   if (nstptr == nstrec && push_procedure(file) != 0) {
-    drop_params(level);
+    free_level(level);  // the parameters of a call that could not be made
     return 1;
   }
   std::memcpy(usrproc.name, pname, sizeof pname);

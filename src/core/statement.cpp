@@ -28,13 +28,6 @@ const char *cpstmt = "";
 int iexec = 0;
 int ifjmp = 0, ilbjmp = 0, ilpjmp = 0, icajmp = 0, iswjmp = 0, irtjmp = 0;
 
-int not_available(const char *word) {
-  char msg[80];
-  std::snprintf(msg, sizeof msg, "Statement %s is not available yet", word);
-  error(msg);
-  return 1;
-}
-
 int save_stmt(const char *text) {
   if (nstrec >= MAXSTMT) {
     error("Too many statements in the statement buffer");

@@ -20,5 +20,3 @@ int exec_end(int tok2, const char *word);
 int exec_call(const char *word);
 // Releases the stored statements from `first` up to nstrec; nstrec and nstptr become `first`.
 void release_stmts(int first);
-// Reports that a statement of a part not built yet cannot run.
-int not_available(const char *word);
