@@ -3,9 +3,9 @@
 // neutral value. One line per routine, beginning with its name as a marker comment, so that
 // implementing a routine elsewhere means deleting exactly its line:
 //   sed -i '/^\/\*name\*\//d' lib/mirval/unavailable.cpp
-#include "messages.h"
+#include "core/messages.h"
 #include "mirval.h"
-#include "trace.h"
+#include "core/trace.h"
 
 namespace {
 

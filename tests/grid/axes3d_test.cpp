@@ -1,10 +1,10 @@
 // 3-D axis systems on the page: texts of different axes keep apart where the axes meet, and
 // the picture fills the axis region.
-#include "fonts.h"
+#include "draw/fonts.h"
 #include "grid_support.h"
 #include "mirval.h"
-#include "scaling.h"
-#include "state.h"
+#include "axes/scaling.h"
+#include "core/state.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,9 +1,9 @@
 // Colour-coded data: the mapping of values onto the colour table, GRAF3 with its colour bar,
 // colour points and matrices.
-#include "colour_matrix.h"
+#include "grids/colour_matrix.h"
 #include "grid_support.h"
 #include "mirval.h"
-#include "state.h"
+#include "core/state.h"
 
 #include <cmath>
 #include <vector>

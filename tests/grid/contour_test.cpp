@@ -1,10 +1,10 @@
 // Contours: level lines of known surfaces lie where they must and join into whole lines;
 // shaded layers cover the areas between levels; pictures of both.
-#include "contour.h"
-#include "draw.h"
+#include "grids/contour.h"
+#include "draw/draw.h"
 #include "grid_support.h"
 #include "mirval.h"
-#include "state.h"
+#include "core/state.h"
 
 #include <cmath>
 #include <vector>

@@ -2,8 +2,8 @@
 // and shaded surfaces.
 #include "grid_support.h"
 #include "mirval.h"
-#include "state.h"
-#include "surface.h"
+#include "core/state.h"
+#include "grids/surface.h"
 
 #include <cmath>
 #include <map>

@@ -1,5 +1,5 @@
 #include "picture_support.h"
-#include "state.h"
+#include "core/state.h"
 
 #include <algorithm>
 #include <cmath>

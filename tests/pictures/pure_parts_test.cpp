@@ -1,11 +1,11 @@
 // The pure parts of the engine: label steps and ranges, colour tables, clipping, curve
 // interpolation, and the image encoders.
-#include "clip.h"
-#include "colours.h"
-#include "curves.h"
-#include "fonts.h"
-#include "raster_formats.h"
-#include "scaling.h"
+#include "draw/clip.h"
+#include "draw/colours.h"
+#include "plots/curves.h"
+#include "draw/fonts.h"
+#include "output/raster_formats.h"
+#include "axes/scaling.h"
 
 #include <gtest/gtest.h>
 

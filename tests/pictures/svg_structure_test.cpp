@@ -3,8 +3,8 @@
 // and the texts the page draws.
 #include "mirval.h"
 #include "picture_support.h"
-#include "state.h"
-#include "text.h"
+#include "core/state.h"
+#include "draw/text.h"
 
 #include <cmath>
 

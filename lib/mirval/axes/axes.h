@@ -1,0 +1,25 @@
+// Axis systems: the parts of GRAF that the colour axis of GRAF3 and the 3-D axis systems
+// share, so that every axis labels and scales alike.
+#pragma once
+#include "core/state.h"
+
+#include <array>
+#include <string>
+#include <vector>
+
+struct AxisLabel {
+  double at;  // axis units (exponents on log axes)
+  std::string text, sup;
+};
+
+// The label texts of an axis as LABELS and DIGITS ask for them.
+std::vector<AxisLabel> axis_labels(const AxisSettings &s, const AxisRange &r);
+// The range axis i (0 X, 1 Y, 2 Z) of the given length takes: automatic scaling replaces the
+// given one. False, after a warning naming the routine, when the range is unusable.
+bool axis_range(const char *routine, int i, float a, float e, float org, float step, double length,
+                AxisRange &r);
+// Defines the 2-D axis system with settled ranges at AXSPOS/AXSLEN, draws its sides: level 2.
+void axis_system(const std::array<AxisRange, 2> &r);
+// Draws side 0..3 (lower, left, upper, right) of the current axis system as SETGRF says and
+// returns how far its ticks, labels and name reach out.
+double axis_side(int side);

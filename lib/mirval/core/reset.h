@@ -1,0 +1,11 @@
+// RESET entries: a setting, named by the routines that make it, and how to restore its default.
+// core/reset.cpp keeps the entries of the parts in core/state.h; each concern folder keeps the
+// entries of its own part beside that part, in a table ending with {nullptr, nullptr}.
+#pragma once
+
+struct MirvalState;
+
+struct ResetEntry {
+  const char *names;  // the routines whose setting it restores, separated by blanks
+  void (*fn)(MirvalState &);
+};

@@ -1,0 +1,229 @@
+#include "draw/text.h"
+#include "draw/draw.h"
+#include "draw/fonts.h"
+#include "core/keywords.h"
+#include "core/messages.h"
+#include "mirval.h"
+#include "axes/scaling.h"
+#include "core/trace.h"
+
+#include <cmath>
+#include <cstring>
+
+namespace {
+
+// Exponents are set smaller and raised by about half a capital.
+constexpr double sup_scale = 0.6, sup_raise = 0.55;
+
+void set_font(const char *family, bool bold, bool italic) {
+  FontChoice &f = mirval_state().text.font;
+  f = FontChoice{};
+  f.family = family;
+  f.bold = bold;
+  f.italic = italic;
+}
+
+bool has_text(const char *routine, const char *s) {
+  if (s) return true;
+  mv_warn(routine, "no text given");
+  return false;
+}
+
+// Text of the plot-coordinate routines: (nx, ny) names the upper edge of the capitals at
+// the left, centre or right as TXTJUS says.
+void message_at(const std::string &text, double x, double y) {
+  const TextState &t = mirval_state().text;
+  put_text(text, "", {x, y}, t.height, t.angle, t.just, VAlign::Top, pen_rgb());
+}
+
+}  // namespace
+
+int current_font() { return font_index(mirval_state().text.font); }
+
+double text_length(const std::string &text, const std::string &sup, double h) {
+  int font = current_font();
+  double size = font_size(font, h);
+  double w = text_width(font, size, text);
+  if (!sup.empty()) w += text_width(font, size * sup_scale, sup);
+  return w;
+}
+
+void put_text(const std::string &text, const std::string &sup, Pt at, double h, double angle,
+              Just just, VAlign valign, Rgb rgb) {
+  // far beyond the page a position means nothing and would overflow the renderer
+  if ((text.empty() && sup.empty()) || !(std::fabs(at.x) < 1e7) || !(std::fabs(at.y) < 1e7)) return;
+  int font = current_font();
+  double size = font_size(font, h), w = text_length(text, sup, h);
+  double a = angle * M_PI / 180;
+  double dx = std::cos(a), dy = -std::sin(a);   // along the text
+  double nx = std::sin(a), ny = std::cos(a);    // from the capitals' top towards the baseline
+  double along = just == Just::Left ? 0 : just == Just::Center ? -w / 2 : -w;
+  double down = valign == VAlign::Top ? h : valign == VAlign::Middle ? h / 2 : 0;
+  Item it;
+  it.kind = ItemKind::Text;
+  it.rgb = rgb;
+  it.font = font;
+  it.size = size;
+  it.angle = angle;
+  it.text = valid_utf8(text);
+  it.at = {at.x + dx * along + nx * down, at.y + dy * along + ny * down};
+  Pt base = it.at;
+  if (!text.empty()) add_item(it);
+  if (!sup.empty()) {
+    double adv = text_width(font, size, text);
+    it.text = valid_utf8(sup);
+    it.size = size * sup_scale;
+    it.at = {base.x + dx * adv - nx * h * sup_raise, base.y + dy * adv - ny * h * sup_raise};
+    add_item(it);
+  }
+}
+
+void set_just(const char *routine, const char *c, Just &j) {
+  if (same(c, "LEFT")) j = Just::Left;
+  else if (same(c, "CENT") || same(c, "CENTER")) j = Just::Center;
+  else if (same(c, "RIGHT")) j = Just::Right;
+  else mv_warn(routine, "unknown justification %s", mv_tstr(c).c_str());
+}
+
+std::string number_text(double x, int ndig) {
+  char buf[128];
+  fcha(static_cast<float>(x), ndig, buf);
+  return buf;
+}
+
+extern "C" {
+
+void height(int nhchar) {
+  mv_tracef("height(%d)", nhchar);
+  if (in_range("height", "height", nhchar, 1, 10000)) mirval_state().text.height = nhchar;
+}
+
+int gethgt(void) {
+  mv_tracef("gethgt()");
+  return mirval_state().text.height;
+}
+
+void angle(int ngrad) {
+  mv_tracef("angle(%d)", ngrad);
+  mirval_state().text.angle = ngrad;
+}
+
+void txtjus(const char *c) {
+  mv_tracef("txtjus(%s)", mv_tstr(c).c_str());
+  set_just("txtjus", c, mirval_state().text.just);
+}
+
+void messag(const char *cstr, int nx, int ny) {
+  mv_tracef("messag(%s, %d, %d)", mv_tstr(cstr).c_str(), nx, ny);
+  if (!mv_level("messag", 1, 3) || !has_text("messag", cstr)) return;
+  message_at(cstr, nx, page_y(ny));
+}
+
+void number(float x, int ndig, int nx, int ny) {
+  mv_tracef("number(%g, %d, %d, %d)", (double)x, ndig, nx, ny);
+  if (!mv_level("number", 1, 3)) return;
+  message_at(number_text(x, ndig), nx, page_y(ny));
+}
+
+void rlmess(const char *c, float x1, float x2) {
+  mv_tracef("rlmess(%s, %g, %g)", mv_tstr(c).c_str(), (double)x1, (double)x2);
+  if (!mv_level("rlmess", 2, 3) || !has_text("rlmess", c)) return;
+  message_at(c, page_x(x1), page_y_user(x2));
+}
+
+void rlnumb(float x1, int n, float x2, float x3) {
+  mv_tracef("rlnumb(%g, %d, %g, %g)", (double)x1, n, (double)x2, (double)x3);
+  if (!mv_level("rlnumb", 2, 3)) return;
+  message_at(number_text(x1, n), page_x(x2), page_y_user(x3));
+}
+
+int nlmess(const char *cstr) {
+  mv_tracef("nlmess(%s)", mv_tstr(cstr).c_str());
+  if (!cstr) return 0;
+  return static_cast<int>(std::lround(text_length(cstr, "", mirval_state().text.height)));
+}
+
+int nlnumb(float x, int ndig) {
+  mv_tracef("nlnumb(%g, %d)", (double)x, ndig);
+  return static_cast<int>(std::lround(text_length(number_text(x, ndig), "", mirval_state().text.height)));
+}
+
+void simplx(void) {
+  mv_tracef("simplx()");
+  set_font("DejaVu Sans", false, false);
+}
+
+void complx(void) {
+  mv_tracef("complx()");
+  set_font("DejaVu Serif", false, false);
+}
+
+void duplx(void) {
+  mv_tracef("duplx()");
+  set_font("DejaVu Sans", true, false);
+}
+
+void triplx(void) {
+  mv_tracef("triplx()");
+  set_font("DejaVu Serif", true, false);
+}
+
+void helve(void) {
+  mv_tracef("helve()");
+  set_font("Helvetica", false, false);
+}
+
+void helves(void) {
+  mv_tracef("helves()");
+  set_font("Helvetica", false, true);
+}
+
+void helvet(void) {
+  mv_tracef("helvet()");
+  set_font("Helvetica", true, false);
+}
+
+void serif(void) {
+  mv_tracef("serif()");
+  set_font("Times", false, false);
+}
+
+// PostScript names such as "Times-BoldItalic" or "Helvetica-Oblique".
+void psfont(const char *c) {
+  mv_tracef("psfont(%s)", mv_tstr(c).c_str());
+  if (!c || !*c) {
+    mv_warn("psfont", "no font name given");
+    return;
+  }
+  std::string name = c, style;
+  size_t dash = name.find('-');
+  if (dash != std::string::npos) {
+    style = name.substr(dash + 1);
+    name.resize(dash);
+  }
+  auto has = [&](const char *w) { return strcasestr(style.c_str(), w) != nullptr; };
+  set_font(name.c_str(), has("Bold") || has("Demi"), has("Italic") || has("Oblique"));
+}
+
+// A TrueType or OpenType file; a name that is no file is taken as a family name.
+void ttfont(const char *c) {
+  mv_tracef("ttfont(%s)", mv_tstr(c).c_str());
+  if (!c || !*c) {
+    mv_warn("ttfont", "no font given");
+    return;
+  }
+  std::string name = c;
+  size_t slash = name.rfind('/'), dot = name.rfind('.');
+  std::string family = name.substr(slash == std::string::npos ? 0 : slash + 1);
+  if (dot != std::string::npos && (slash == std::string::npos || dot > slash))
+    family.resize(family.size() - (name.size() - dot));
+  set_font(family.c_str(), false, false);
+  mirval_state().text.font.file = name;
+}
+
+int getang(void) {
+  mv_tracef("getang()");
+  return static_cast<int>(std::lround(mirval_state().text.angle));
+}
+
+}

@@ -1,0 +1,228 @@
+#include "plots/curves.h"
+#include "draw/clip.h"
+#include "draw/draw.h"
+#include "core/keywords.h"
+#include "draw/markers.h"
+#include "core/messages.h"
+#include "mirval.h"
+#include "draw/pen.h"
+#include "axes/scaling.h"
+#include "core/trace.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+// Second derivatives of a natural spline through (t[i], v[i]).
+std::vector<double> spline_moments(const std::vector<double> &t, const std::vector<double> &v) {
+  size_t n = t.size();
+  std::vector<double> m(n, 0), c(n, 0), d(n, 0);
+  for (size_t i = 1; i + 1 < n; ++i) {
+    double h0 = t[i] - t[i - 1], h1 = t[i + 1] - t[i];
+    double rhs = 6 * ((v[i + 1] - v[i]) / h1 - (v[i] - v[i - 1]) / h0);
+    double diag = 2 * (h0 + h1) - h0 * c[i - 1];
+    c[i] = h1 / diag;
+    d[i] = (rhs - h0 * d[i - 1]) / diag;
+  }
+  for (size_t i = n - 1; i-- > 1;) m[i] = d[i] - c[i] * m[i + 1];
+  return m;
+}
+
+bool finite(Pt p) { return std::isfinite(p.x) && std::isfinite(p.y); }
+
+// Runs of finite points.
+std::vector<std::vector<Pt>> runs(const std::vector<Pt> &pts) {
+  std::vector<std::vector<Pt>> out(1);
+  for (Pt p : pts) {
+    if (finite(p)) out.back().push_back(p);
+    else if (!out.back().empty()) out.emplace_back();
+  }
+  if (out.back().empty()) out.pop_back();
+  return out;
+}
+
+const Rgb cycle_colours[8] = {{0, 0, 0},       {0.85f, 0, 0}, {0, 0.6f, 0},       {0, 0, 0.9f},
+                              {0.8f, 0, 0.8f}, {0, 0.7f, 0.7f}, {1, 0.5f, 0},     {0.5f, 0.3f, 0.1f}};
+
+// CHNCRV: the next curve gets the next colour and/or line style.
+void change_attributes() {
+  MirvalState &st = mirval_state();
+  CurveState &c = st.curve;
+  if (!c.change) return;
+  int k = ++c.changed;
+  if (c.change & 1) {
+    st.pen.fore = k % 8 == 0;
+    st.pen.rgb = cycle_colours[k % 8];
+    st.pen.index = -1;
+  }
+  if (c.change & 2) set_line_style(k % 8);
+}
+
+bool in_range(const AxisRange &r, double v) {
+  if (r.log) {
+    if (!(v > 0)) return false;
+    v = std::log10(v);
+  }
+  double eps = 1e-9 * std::fabs(r.e - r.a);
+  return v >= std::min(r.a, r.e) - eps && v <= std::max(r.a, r.e) + eps;
+}
+
+}  // namespace
+
+std::vector<Pt> spline_points(const std::vector<Pt> &pts, int per) {
+  std::vector<Pt> p;
+  for (Pt q : pts)
+    if (p.empty() || q.x != p.back().x || q.y != p.back().y) p.push_back(q);
+  if (p.size() < 3) return p;
+  std::vector<double> t(p.size(), 0), x, y;
+  for (size_t i = 1; i < p.size(); ++i) t[i] = t[i - 1] + std::hypot(p[i].x - p[i - 1].x, p[i].y - p[i - 1].y);
+  for (Pt q : p) x.push_back(q.x), y.push_back(q.y);
+  std::vector<double> mx = spline_moments(t, x), my = spline_moments(t, y);
+  auto eval = [&](const std::vector<double> &v, const std::vector<double> &m, size_t i, double s) {
+    double h = t[i + 1] - t[i], a = (t[i + 1] - s) / h, b = (s - t[i]) / h;
+    return a * v[i] + b * v[i + 1] + ((a * a * a - a) * m[i] + (b * b * b - b) * m[i + 1]) * h * h / 6;
+  };
+  std::vector<Pt> out{p[0]};
+  for (size_t i = 0; i + 1 < p.size(); ++i)
+    for (int k = 1; k <= per; ++k) {
+      double s = t[i] + (t[i + 1] - t[i]) * k / per;
+      out.push_back({eval(x, mx, i, s), eval(y, my, i, s)});
+    }
+  return out;
+}
+
+std::vector<std::vector<Pt>> connect_points(const std::vector<Pt> &pts, Interp how, double base) {
+  std::vector<std::vector<Pt>> out;
+  for (const std::vector<Pt> &run : runs(pts)) {
+    switch (how) {
+      case Interp::Linear: out.push_back(simplify(run, POLYLINE_TOLERANCE, 5.0)); break;
+      case Interp::Spline: out.push_back(spline_points(run, 16)); break;
+      case Interp::Step:
+      case Interp::Stairs: {
+        std::vector<Pt> line{run[0]};
+        for (size_t i = 1; i < run.size(); ++i) {
+          line.push_back(how == Interp::Step ? Pt{run[i].x, run[i - 1].y} : Pt{run[i - 1].x, run[i].y});
+          line.push_back(run[i]);
+        }
+        out.push_back(line);
+        break;
+      }
+      case Interp::Stem:
+        for (Pt q : run) out.push_back({{q.x, base}, q});
+        break;
+      case Interp::Bars: {
+        double gap = INFINITY;
+        for (size_t i = 1; i < run.size(); ++i)
+          if (run[i].x != run[i - 1].x) gap = std::min(gap, std::fabs(run[i].x - run[i - 1].x));
+        double half = std::isfinite(gap) ? 0.4 * gap : 20;
+        for (Pt q : run)
+          out.push_back({{q.x - half, base}, {q.x - half, q.y}, {q.x + half, q.y}, {q.x + half, base}, {q.x - half, base}});
+        break;
+      }
+    }
+  }
+  return out;
+}
+
+extern "C" {
+
+void curve(const float *x, const float *y, int n) {
+  mv_tracef("curve(x=%s, y=%s, n=%d)", mv_tarr(n, "floats").c_str(), mv_tarr(n, "floats").c_str(), n);
+  if (!mv_level("curve", 2, 3)) return;
+  if (!x || !y || n <= 0) {
+    mv_warn("curve", "no points (n = %d)", n);
+    return;
+  }
+  MirvalState &st = mirval_state();
+  const AxesState &ax = st.axes;
+  std::vector<Pt> pts(n);
+  int outside = 0;
+  for (int i = 0; i < n; ++i) {
+    pts[i] = {page_x(x[i]), page_y_user(y[i])};
+    if (!in_range(ax.range[0], x[i]) || !in_range(ax.range[1], y[i])) ++outside;
+  }
+  if (outside && st.curve.check)
+    mv_warn("curve", "%d of %d points lie outside the axis system", outside, n);
+  Rect clip = user_clip();
+  Rgb rgb = pen_rgb();
+  const CurveState &c = st.curve;
+  double width = st.pen.width * st.pen.thick;
+  if (c.incmrk >= 0) {
+    double base = ax.box.y1;
+    const AxisRange &ry = ax.range[1];
+    if (!ry.log && 0 >= std::min(ry.a, ry.e) && 0 <= std::max(ry.a, ry.e)) base = page_y_user(0);
+    for (const std::vector<Pt> &line : connect_points(pts, c.interp, base)) {
+      if (c.interp == Interp::Bars) shape_path(polygon_path(line, clip));
+      else stroke_polyline(line, clip, rgb, width, st.pen.dash);
+    }
+  }
+  if (c.incmrk != 0) {
+    int every = std::abs(c.incmrk);
+    for (int i = 0; i < n; i += every)
+      if (finite(pts[i]) && inside(pts[i], clip)) draw_marker(c.marker, pts[i], c.hsymbl, rgb, st.pen.width);
+  }
+  st.legend.curves.push_back({rgb, width, st.pen.dash, c.incmrk, c.marker});
+  change_attributes();
+}
+
+void incmrk(int nmrk) {
+  mv_tracef("incmrk(%d)", nmrk);
+  mirval_state().curve.incmrk = nmrk;
+}
+
+void polcrv(const char *cpol) {
+  mv_tracef("polcrv(%s)", mv_tstr(cpol).c_str());
+  static const struct {
+    const char *name;
+    Interp how;
+  } modes[] = {{"LINEAR", Interp::Linear}, {"STEP", Interp::Step}, {"STAIRS", Interp::Stairs},
+               {"BARS", Interp::Bars},     {"STEM", Interp::Stem}, {"SPLINE", Interp::Spline}};
+  for (const auto &m : modes)
+    if (same(cpol, m.name)) {
+      mirval_state().curve.interp = m.how;
+      return;
+    }
+  mv_warn("polcrv", "unknown interpolation %s", mv_tstr(cpol).c_str());
+}
+
+void nochek(void) {
+  mv_tracef("nochek()");
+  mirval_state().curve.check = false;
+}
+
+void chncrv(const char *c) {
+  mv_tracef("chncrv(%s)", mv_tstr(c).c_str());
+  static const char *modes[] = {"NONE", "COLOR", "LINE", "BOTH"};
+  for (int i = 0; i < 4; ++i)
+    if (same(c, modes[i])) {
+      mirval_state().curve.change = i;
+      mirval_state().curve.changed = 0;
+      return;
+    }
+  mv_warn("chncrv", "unknown option %s", mv_tstr(c).c_str());
+}
+
+void errbar(const float *xray, const float *yray, const float *e1ray, const float *e2ray, int n) {
+  mv_tracef("errbar(xray=%s, yray=%s, e1ray=%s, e2ray=%s, n=%d)", mv_tarr(n, "floats").c_str(),
+            mv_tarr(n, "floats").c_str(), mv_tarr(n, "floats").c_str(), mv_tarr(n, "floats").c_str(), n);
+  if (!mv_level("errbar", 2, 3)) return;
+  if (!xray || !yray || !e1ray || !e2ray || n <= 0) {
+    mv_warn("errbar", "no points (n = %d)", n);
+    return;
+  }
+  const MirvalState &st = mirval_state();
+  Rect clip = user_clip();
+  double half = st.curve.hsymbl / 2.0;
+  for (int i = 0; i < n; ++i) {
+    double x = page_x(xray[i]), lo = page_y_user(yray[i] - e1ray[i]), hi = page_y_user(yray[i] + e2ray[i]);
+    // the bar from y - e1 to y + e2, with a cross line at each end
+    stroke_polyline({{x, lo}, {x, hi}}, clip);
+    stroke_polyline({{x - half, lo}, {x + half, lo}}, clip);
+    stroke_polyline({{x - half, hi}, {x + half, hi}}, clip);
+    Pt c{x, page_y_user(yray[i])};
+    if (finite(c) && inside(c, clip)) draw_marker(st.curve.marker, c, st.curve.hsymbl, pen_rgb(), st.pen.width);
+  }
+}
+
+}

@@ -1,6 +1,0 @@
-#include "state.h"
-
-MirvalState &mirval_state() {
-  static MirvalState state;
-  return state;
-}
