@@ -9,13 +9,16 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cerrno>
 #include <map>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
 #include <strings.h>
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -38,6 +41,30 @@ const FormatRow &row(Format f) {
 bool exists(const std::string &name) {
   struct stat st;
   return stat(name.c_str(), &st) == 0;
+}
+
+// Writes the bytes to a temporary file beside 'name' and renames it into place, so that a
+// reader never sees a half-written picture.
+bool replace_file(const std::string &name, const std::string &bytes) {
+  size_t slash = name.rfind('/');
+  std::string dir = slash == std::string::npos ? "" : name.substr(0, slash + 1);
+  std::string base = slash == std::string::npos ? name : name.substr(slash + 1);
+  std::string tmp = dir + "." + base + ".XXXXXX";
+  int fd = mkstemp(&tmp[0]);
+  if (fd < 0) return false;
+  mode_t mask = umask(0);
+  umask(mask);
+  bool ok = fchmod(fd, 0666 & ~mask) == 0;
+  for (size_t done = 0; ok && done < bytes.size();) {
+    ssize_t n = write(fd, bytes.data() + done, bytes.size() - done);
+    if (n < 0 && errno == EINTR) continue;
+    ok = n > 0;
+    if (ok) done += static_cast<size_t>(n);
+  }
+  ok = close(fd) == 0 && ok;
+  ok = ok && std::rename(tmp.c_str(), name.c_str()) == 0;
+  if (!ok) std::remove(tmp.c_str());
+  return ok;
 }
 
 // Vector pages are measured in points: one plot unit is 0.1 mm.
@@ -211,24 +238,37 @@ bool parse_format(const char *name, Format &f, bool &screen) {
   return false;
 }
 
+// Takes the name for this run's picture: an exclusive create reserves it, so that runs started
+// together in one directory never pick the same name and overwrite each other's pictures.
+// Returns false when the name is taken by another file (or another run).
+bool reserve(const std::string &name) {
+  int fd = open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL, 0666);
+  if (fd < 0) return false;
+  close(fd);
+  return true;
+}
+
 void choose_file() {
   PageState &pg = mirval_state().page;
   pg.refused = false;
   std::string name = pg.file.empty() ? std::string("mirval.") + format_ext(pg.format) : pg.file;
   bool taken = pg.reserved.count(name) > 0;
-  if (pg.filmod == 2 && (taken || exists(name))) {
+  if (pg.filmod == 2 && (taken || !reserve(name))) {
     mv_warn("mirini", "file %s exists and FILMOD is BREAK: nothing will be written", name.c_str());
     pg.refused = true;
-  } else if (taken || (pg.filmod == 1 && exists(name))) {
+  } else if (taken || (pg.filmod == 1 && !reserve(name))) {
     size_t slash = name.rfind('/'), dot = name.rfind('.');
     if (dot == std::string::npos || (slash != std::string::npos && dot < slash)) dot = name.size();
     std::string stem = name.substr(0, dot), ext = name.substr(dot);
     for (int k = 1;; ++k) {
       std::string candidate = stem + "_" + std::to_string(k) + ext;
-      if (!exists(candidate) && !pg.reserved.count(candidate)) {
+      if (pg.reserved.count(candidate)) continue;
+      if (pg.filmod != 1 && exists(candidate)) continue;
+      if (pg.filmod == 1 ? reserve(candidate) : true) {
         name = candidate;
         break;
       }
+      if (errno != EEXIST) break;  // an unwritable directory: the write reports it
     }
   }
   pg.used = name;
@@ -256,14 +296,7 @@ void write_output(const char *routine, bool announce) {
   }
   int w = 0, h = 0;
   std::string bytes = is_raster(f) ? render_raster(f, w, h) : render_vector(f, w, h);
-  FILE *fp = std::fopen(st.page.used.c_str(), "wb");
-  if (!fp) {
-    mv_error(routine, "cannot open %s for writing", st.page.used.c_str());
-    return;
-  }
-  bool ok = std::fwrite(bytes.data(), 1, bytes.size(), fp) == bytes.size();
-  ok = std::fclose(fp) == 0 && ok;
-  if (!ok) {
+  if (!replace_file(st.page.used, bytes)) {
     mv_error(routine, "cannot write %s", st.page.used.c_str());
     return;
   }
