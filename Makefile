@@ -3,7 +3,9 @@ BUILD ?= build
 ASAN_BUILD ?= build-asan
 JOBS ?= $(shell nproc)
 
-.PHONY: all deps build build-asan test demo bench clean
+PREFIX ?= /usr/local
+
+.PHONY: all deps build build-asan test demo bench install clean
 
 all: build
 
@@ -29,6 +31,9 @@ test: build build-asan
 demo: build
 	cd examples && ../$(BUILD)/mirzkl demo.zkl
 	@echo "The picture is $(CURDIR)/examples/mirval.png"
+
+install: build
+	cmake --install $(BUILD) --prefix $(PREFIX)
 
 bench: build
 	bench/run.sh $(BUILD)
