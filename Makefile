@@ -26,7 +26,8 @@ build-asan: deps $(ASAN_BUILD)/build.ninja
 
 test: build build-asan
 	cd $(BUILD) && ctest --output-on-failure -j $(JOBS)
-	cd $(ASAN_BUILD) && ctest --output-on-failure -j $(JOBS)
+	# GTK keeps memory for the life of the process, so the screen-window tests run in the normal build only
+	cd $(ASAN_BUILD) && ASAN_OPTIONS=detect_leaks=1 ctest --output-on-failure -j $(JOBS) -E '^window/'
 
 demo: build
 	cd examples && ../$(BUILD)/mirzkl demo.zkl
@@ -37,6 +38,13 @@ install: build
 
 bench: build
 	bench/run.sh $(BUILD)
+
+# The libFuzzer targets (clang), each run for SECONDS.
+FUZZ_BUILD ?= build-fuzz
+SECONDS ?= 60
+.PHONY: fuzz
+fuzz:
+	fuzz/run.sh $(FUZZ_BUILD) $(SECONDS)
 
 clean:
 	rm -rf $(BUILD) $(ASAN_BUILD)

@@ -11,6 +11,7 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cp -r "$dir"/. "$work"/
 cd "$work" || exit 1
+unset DISPLAY  # a quick plot on a desktop would open a window and wait
 unset ZKL_PATH MIRVAL ZKL_DATA MIRVAL_TRACE
 if [ -f "$name.args" ]; then
   read -r -a args < <(tr '\n' ' ' < "$name.args")

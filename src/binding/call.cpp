@@ -8,6 +8,7 @@
 #include "lang/parser.h"
 #include "mirval.h"
 
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -272,8 +273,27 @@ void *my_malloc(size_t n) {
   return p;
 }
 
+// The memory the system can back (its commit limit): calloc's pages are only promised, so
+// a larger request would succeed here and fail when the script first touches it.
+static size_t commit_limit() {
+  static size_t limit = 0;
+  if (limit == 0) {
+    limit = SIZE_MAX;
+    if (FILE *f = std::fopen("/proc/meminfo", "r")) {
+      char line[128];
+      unsigned long long kb;
+      while (std::fgets(line, sizeof line, f))
+        if (std::sscanf(line, "CommitLimit: %llu kB", &kb) == 1) limit = static_cast<size_t>(kb) * 1024;
+      std::fclose(f);
+    }
+  }
+  return limit;
+}
+
 void *my_calloc(size_t n, size_t size) {
-  void *p = std::calloc(n ? n : 1, size ? size : 1);
+  if (n == 0) n = 1;
+  if (size == 0) size = 1;
+  void *p = n <= commit_limit() / size ? std::calloc(n, size) : nullptr;
   if (!p) error("Not enough memory");
   return p;
 }

@@ -278,7 +278,10 @@ double arg_stdf(float x, float y) {
 // The principal root, scaled so that neither square overflows.
 void csqrt_stdf(float *x, float *y) {
   double re = *x, im = *y;
-  if (re == 0.0 && im == 0.0) return;
+  if (re == 0.0 && im == 0.0) {  // 0, also for zeros with a minus sign
+    *x = *y = 0.0f;
+    return;
+  }
   double a = std::fabs(re), b = std::fabs(im), t, w;
   if (a >= b) {
     t = b / a;

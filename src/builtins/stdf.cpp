@@ -177,6 +177,7 @@ static int alloc_fn(int type, int index) {
     else if (type == T_FLOATR) static_cast<float *>(p)[i] = static_cast<float>(i);
     else static_cast<int32_t *>(p)[i] = i;
   }
+  release_storage(&e);  // an array argument's copy gives way to the result
   e.type = static_cast<int8_t>(type);
   e.count = n;
   e.ndim = 1;

@@ -31,6 +31,7 @@ struct DoRecord {
   double dend, dstep;
   uint8_t iflev, iswlev;
   uint8_t skipped;  // opened in skip mode
+  bool is_while;
 };
 static DoRecord dolist[MAXNEST];
 
@@ -48,7 +49,7 @@ static int iswlev1 = 0;    // SWITCH level targeted by a BREAK
 static char cjump[NAMELEN + 1];
 static int iflev_old, ilplev_old, iswlev_old;
 
-static bool is_word(const char *word, const char *w) { return std::strcmp(word, w) == 0; }
+static bool is_word(const char *word, const char *w) { return word[0] == w[0] && std::strcmp(word, w) == 0; }
 
 // "END IF", "END DO" ...: the statement's second token is the word.
 static bool end_of(int tok2, const char *word, const char *what) {
@@ -218,6 +219,7 @@ static bool open_loop() {
   d.iflev = static_cast<uint8_t>(iflev);
   d.iswlev = static_cast<uint8_t>(iswlev);
   d.skipped = 1;
+  d.is_while = false;
   if (iexec != 0) {
     ++ilplev;
     return false;
@@ -327,6 +329,7 @@ static int while_statement(int tok2) {
   if (!open_loop()) return 0;
   DoRecord &d = dolist[ilplev];
   int32_t value;
+  d.is_while = true;
   if (!head_value(tok2, "WHILE", &value)) return 0;
   d.skipped = 0;
   if (replaying()) {
@@ -352,16 +355,21 @@ static bool labels_open() {
   return false;
 }
 
+// The outermost loop has ended: its statements leave the buffer unless a label holds them.
+static void release_loops(bool replay) {
+  if (istopt == 1 && !labels_open()) {
+    release_stmts(dolist[0].restart);
+    if (replay) nstptr = nstrec - 1;
+    istopt = 0;
+  }
+}
+
 static void leave_loop(int level, bool replay) {
   const DoRecord &d = dolist[level];
   if (d.iflev != iflev) error("Overlapping IF and Loop contructs");
   if (d.iswlev != iswlev) error("Overlapping SWITCH and Loop contructs");
   --ilplev;
-  if (ilplev == 0 && istopt == 1 && !labels_open()) {
-    release_stmts(dolist[0].restart);
-    if (replay) nstptr = nstrec - 1;
-    istopt = 0;
-  }
+  if (ilplev == 0) release_loops(replay);
 }
 
 // Advances the DO loop variable; true while the loop goes on.
@@ -634,3 +642,29 @@ int goto_zkl() {
 }
 
 const char *pending_label() { return ilbjmp == 1 ? cjump : nullptr; }
+
+void close_blocks(int nif, int nloop, int nswitch) {
+  if (iflev > nif) {
+    error("Missing END IF");
+    iflev = nif;
+    update_ifjmp();
+  }
+  if (ilplev > nloop) {
+    error(dolist[ilplev - 1].is_while ? "Missing END WHILE" : "Missing END DO");
+    ilplev = nloop;
+    if (ilplev1 >= nloop) ilpjmp = icontinue = 0;
+    if (ilplev == 0) release_loops(replaying());
+  }
+  if (iswlev > nswitch) {
+    error("Missing END SWITCH");
+    iswlev = nswitch;
+    if (iswlev1 > nswitch) iswjmp = 0;
+    icajmp = 0;
+  }
+  iexec = calc_exec();
+}
+
+void reset_blocks() {
+  iflev = ilplev = iswlev = 0;
+  ilplev1 = icontinue = iswopt = iswlev1 = 0;
+}

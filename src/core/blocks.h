@@ -14,3 +14,8 @@ int continue_zkl();
 int goto_zkl();
 // The label a forward GOTO is still searching for, or null.
 const char *pending_label();
+// Closes, with a message for each kind, the blocks opened beyond the given numbers of open
+// IF, loop and SWITCH blocks: a procedure's blocks end with its level.
+void close_blocks(int nif, int nloop, int nswitch);
+// Closes every open block (a new script starts).
+void reset_blocks();

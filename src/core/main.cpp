@@ -1,13 +1,12 @@
 // mirzkl: runs a ZKL script given on the command line, or reads statements at the prompt.
-#include "builtins/fileio.h"
 #include "core/datafile.h"
 #include "core/reader.h"
+#include "core/session.h"
 #include "lang/value.h"
 #include "mirval.h"
 
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 
 int main(int argc, char **argv) {
   mirlog("zkl");
@@ -32,13 +31,7 @@ int main(int argc, char **argv) {
   } else {
     std::printf("MIRZKL %s, Copyright (C) 2026 The MIRZKL developers\n", ZKL_VERSION);
   }
-  init_lab();
-  init_io();
-  std::memset(ilabop, 0, sizeof ilabop);
-  fpin[0] = fp;
-  nfpin = 1;
-  exec_file();
-  if (fp && fp != stdin) std::fclose(fp);
+  run_file(fp);
   if (iverb) prtver();
   std::fflush(stdout);
   return 0;

@@ -59,7 +59,7 @@ static bool make_param(const char *piece, int level, int k, const char *key) {
     }
   }
   v.level = static_cast<int8_t>(level);
-  char name[NAMELEN + 1];
+  char name[NAMELEN + 2];  // "!" and a keyword of at most 14: set_name keeps 15
   if (*key) std::snprintf(name, sizeof name, "!%s", key);
   else std::snprintf(name, sizeof name, "$%d", k);
   set_name(&v, name);
@@ -142,6 +142,9 @@ void enter_level(int kind, int nparam, int nkey, int resvar) {
   usrproc.resvar[l] = resvar;
   usrproc.bufpos[l] = nstrec;
   usrproc.returned[l] = false;
+  usrproc.blocks[l][0] = iflev;
+  usrproc.blocks[l][1] = ilplev;
+  usrproc.blocks[l][2] = iswlev;
   g_nlevel = l + 1;
 }
 
@@ -298,6 +301,7 @@ int end_zkl() {
   int kind = usrproc.kind[l];
   if (kind == 1 && !usrproc.returned[l]) error("Functions must have a RETURN statement");
   if (kind == 2 || kind == 3) inext = 0;
+  close_blocks(usrproc.blocks[l][0], usrproc.blocks[l][1], usrproc.blocks[l][2]);
   free_level(level);
   bool release = kind == 2 || kind == 3;
   if (level < 8 && ilabop[level]) {

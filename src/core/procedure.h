@@ -15,6 +15,7 @@ struct ProcTable {
   int bufpos[MAXLEVEL];    // nstrec at the time of the call
   int8_t kind[MAXLEVEL];   // 0 CALL, 1 function, 2 and 3 callback procedures
   bool returned[MAXLEVEL]; // a RETURN was executed
+  int blocks[MAXLEVEL][3]; // open IF, loop and SWITCH blocks at the call: the level's own close with it
 };
 extern ProcTable usrproc;
 extern double xcbret;  // the value a kind-3 callback procedure returns

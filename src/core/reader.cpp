@@ -272,9 +272,11 @@ static bool read_terminal() {
   std::memcpy(crec, line + pos, take);
   pos += take;
   crec[take] = '\0';
-  if (take < RECLEN) {  // the line end belongs to the last record of the line
-    crec[take] = '\n';
-    crec[take + 1] = '\0';
+  if (take < RECLEN || pos == len) {  // the line end belongs to the last record of the line
+    if (take < RECLEN) {
+      crec[take] = '\n';
+      crec[take + 1] = '\0';
+    }
     std::free(line);
     line = nullptr;
   }
@@ -291,7 +293,13 @@ static bool read_record() {
     std::printf("ZKL> ");
     std::fflush(stdout);
   }
-  return std::fgets(crec, RECLEN + 1, fp) != nullptr;
+  if (!std::fgets(crec, RECLEN + 1, fp)) return false;
+  // A line of exactly RECLEN characters is one record: its line end is not another.
+  if (std::strlen(crec) == RECLEN) {
+    int c = std::getc(fp);
+    if (c != '\n' && c != EOF) std::ungetc(c, fp);
+  }
+  return true;
 }
 
 // The end of the current file; false when reading stops.
@@ -313,6 +321,20 @@ static bool end_of_file() {
   clear_statement();
   if (nfpin == 1) g_intact = iactive;
   return true;
+}
+
+void reset_reader() {
+  for (int i = 0; i < nfpin; ++i)
+    if (fpin[i] != stdin) std::fclose(fpin[i]);
+  nfpin = 0;
+  fp = nullptr;
+  nrec = 0;
+  inext = 1;
+  inclop = 0;
+  reading = 0;
+  std::memset(included, 0, sizeof included);
+  std::memset(ilabop, 0, sizeof ilabop);
+  clear_statement();
 }
 
 void exec_file() {

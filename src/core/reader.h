@@ -31,6 +31,8 @@ FILE *search_file(const char *name, char *opened);
 // Upper-cases a header record; true when it begins a script.
 bool check_header(char *record);
 void exec_file();
+// Closes the procedure and included files still open and forgets the records read.
+void reset_reader();
 void add_extension(char *name, int max, const char *ext);
 void prtver();
 void lowstr(char *text);

@@ -214,6 +214,10 @@ static int store_value(const char *name, int index) {
   if (g_nstack == 0) return -1;
   free_stack(1);
   StackEntry &v = stacklist[0];
+  if (dangling_ref(&v)) {  // the old value stays
+    free_stack(0);
+    return -1;
+  }
   int result;
   if (index >= 0) {
     release_storage(&varlist[index]);

@@ -6,10 +6,11 @@
 #include "core/error.h"
 #include "mirval.h"
 
+#include <bitset>
 #include <cctype>
 #include <cstdlib>
 #include <cstring>
-#include <string>
+#include <string_view>
 #include <unordered_map>
 
 const char *clex = "";
@@ -32,14 +33,18 @@ void init_lex(const char *text) {
   iold = -1;
 }
 
-static bool is_name_char(int c) { return std::isalnum(c) || c == '_'; }
+// Character classes of the plain ASCII letters and digits (a name is never more).
+static bool is_alpha(int c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
+static bool is_digit(int c) { return c >= '0' && c <= '9'; }
+static bool is_name_char(int c) { return is_alpha(c) || is_digit(c) || c == '_'; }
 
 // Reads letters, digits and "_" from the current position into vlex.name, upper case,
 // keeping at most 15 characters (the first `have` are already there).
 static void scan_name(int have) {
   int n = have;
   while (is_name_char(static_cast<unsigned char>(clex[istart]))) {
-    char c = static_cast<char>(std::toupper(static_cast<unsigned char>(clex[istart++])));
+    char c = clex[istart++];
+    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
     if (n < NAMELEN) vlex.name[n++] = c;
   }
   vlex.name[n] = '\0';
@@ -127,16 +132,16 @@ int lexan() {
   while (clex[istart] == ' ') ++istart;
   int c = static_cast<unsigned char>(clex[istart]);
   if (c == '\0') return TK_END;
-  if (std::isalpha(c)) {
+  if (is_alpha(c)) {
     scan_name(0);
     return iold = TK_ID;
   }
-  if (std::isdigit(c) || c == '.') return scan_number();
+  if (is_digit(c) || c == '.') return scan_number();
   if (c == '\'' || c == '"') return scan_string(static_cast<char>(c));
   ++istart;
   switch (c) {
     case '%':
-      if (iold != TK_INT && iold != TK_ID && std::isalpha(static_cast<unsigned char>(clex[istart]))) {
+      if (iold != TK_INT && iold != TK_ID && is_alpha(static_cast<unsigned char>(clex[istart]))) {
         vlex.name[0] = '%';
         scan_name(1);
         return iold = TK_ID;
@@ -182,16 +187,34 @@ int match(int expected) {
   return 0;
 }
 
-// The tables are searched often (every name in an expression); a hash of the first row of
-// each name gives the same answer as the linear scan.
+// The tables are searched often (every name in an expression): each is hashed once, the
+// first row of a name winning as in a linear scan. Most names looked up are the script's own;
+// one whose first letter and length no row has is refused before any hashing.
+struct NameIndex {
+  std::unordered_map<std::string_view, int> rows;
+  std::bitset<256 * 32> shapes;
+};
+
+static size_t shape(std::string_view name) {
+  return static_cast<unsigned char>(name[0]) * 32 + (name.size() < 32 ? name.size() : 31);
+}
+
 template <typename Row>
-static int table_index(const Row *rows, int n, const char *name) {
-  static std::unordered_map<const Row *, std::unordered_map<std::string, int>> cache;
-  auto &index = cache[rows];
-  if (index.empty())
-    for (int i = n - 1; i >= 0; --i) index[rows[i].name] = i;
-  auto it = index.find(name);
-  return it == index.end() ? -1 : it->second;
+static NameIndex build_index(const Row *rows, int n) {
+  NameIndex index;
+  for (int i = n - 1; i >= 0; --i) {
+    std::string_view name = rows[i].name;
+    index.rows[name] = i;
+    if (!name.empty()) index.shapes.set(shape(name));
+  }
+  return index;
+}
+
+static int find_name(const NameIndex &index, const char *text) {
+  std::string_view name = text;
+  if (name.empty() || !index.shapes.test(shape(name))) return -1;
+  auto it = index.rows.find(name);
+  return it == index.rows.end() ? -1 : it->second;
 }
 
 int search_zkl(const char *name) {
@@ -200,15 +223,23 @@ int search_zkl(const char *name) {
   return -1;
 }
 
-int search_stdf(const char *name) { return table_index(stdf, NSTDF, name); }
+int search_stdf(const char *name) {
+  static const NameIndex index = build_index(stdf, NSTDF);
+  return find_name(index, name);
+}
 
 int search_routine(const char *name, int kind) {
-  if (kind == 1) return table_index(cray, NROUTINE, name);
-  if (kind == 2) return table_index(cfray, NFUNCTION, name);
+  static const NameIndex routines = build_index(cray, NROUTINE);
+  static const NameIndex functions = build_index(cfray, NFUNCTION);
+  if (kind == 1) return find_name(routines, name);
+  if (kind == 2) return find_name(functions, name);
   return -1;
 }
 
-int search_sysv(const char *name) { return table_index(sysv, NSYSV, name); }
+int search_sysv(const char *name) {
+  static const NameIndex index = build_index(sysv, NSYSV);
+  return find_name(index, name);
+}
 int sysv_type(int index) { return sysv[index].type; }
 int stdf_opt(int index) { return stdf[index].opt; }
 const char *stdf_name(int index) { return stdf[index].name; }

@@ -136,7 +136,7 @@ int push_index(int index) {
 static int push_name_ref(const char *name, int index) {
   if (g_nstack < MAXSTACK) {
     std::memset(stacklist[g_nstack].name, 0, NAMELEN + 1);
-    if (index == -1) std::strncpy(stacklist[g_nstack].name, name, NAMELEN);
+    if (index == -1) set_name(&stacklist[g_nstack], name);
   }
   return push_index(index);
 }

@@ -2,6 +2,7 @@
 // arrays are row-major: the last subscript varies fastest.
 #include "lang/subscript.h"
 
+#include "binding/call.h"
 #include "core/error.h"
 #include "lang/lexer.h"
 
@@ -259,10 +260,10 @@ int alloc_stack(int type, int index) {
     }
     for (int k = 0; k < g_nstack; ++k) dims[k] = stacklist[k].value.i;
   }
-  void *data = count >= 0 ? std::calloc(count ? count : 1, array_size(type)) : nullptr;
+  void *data = count >= 0 ? my_calloc(count, array_size(type)) : nullptr;
   if (!data) {
     std::free(dims);
-    error("Not enough memory");
+    if (count < 0) error("Not enough memory");
     return 1;
   }
   v.dims = dims;

@@ -50,7 +50,7 @@ int search_var(const char *name) {
     const VarRecord &v = varlist[i];
     if (v.type == T_FREE) continue;
     if (v.level != g_nlevel && v.name[0] != '%') continue;
-    if (std::strcmp(v.name, name) != 0) continue;
+    if (v.name[0] != name[0] || std::strcmp(v.name, name) != 0) continue;
     return v.type == T_REF ? v.value.ref : i;
   }
   return -1;
@@ -63,7 +63,10 @@ int find_freevar() {
   return -1;
 }
 
+bool dangling_ref(const VarRecord *rec) { return rec->type == T_REF && rec->value.ref < 0; }
+
 int insert_var(VarRecord *rec, int index) {
+  if (dangling_ref(rec)) return -1;
   if (search_stdf(rec->name) >= 0) {
     char_error("Reserved identifier", rec->name);
     return -1;

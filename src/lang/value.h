@@ -60,6 +60,9 @@ extern int g_nlevel;
 int init_var();
 int search_var(const char *name);
 int find_freevar();
+// A reference to a name that is no variable (what a failed call leaves, after its message):
+// no record may keep one, so it is stored nowhere.
+bool dangling_ref(const VarRecord *rec);
 int insert_var(VarRecord *rec, int index);
 int free_var(int index);
 int free_level(int level);

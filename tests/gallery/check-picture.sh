@@ -9,7 +9,7 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cp "$script" "$work/"
 cd "$work" || exit 1
-unset ZKL_PATH MIRVAL ZKL_DATA MIRVAL_TRACE
+unset ZKL_PATH MIRVAL ZKL_DATA MIRVAL_TRACE DISPLAY
 name=$(basename "$script")
 timeout 120 "$exe" "$name" < /dev/null > out.txt 2> err.txt
 rc=$?

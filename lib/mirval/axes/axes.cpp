@@ -8,6 +8,9 @@
 #include "axes/scaling.h"
 #include "draw/text.h"
 #include "core/trace.h"
+#include "axes/date_labels.h"
+#include "draw/colours.h"
+#include <cctype>
 
 #include <algorithm>
 #include <cmath>
@@ -30,25 +33,97 @@ std::string fixed(double v, int d) {
   return t;
 }
 
+// A number as NUMODE wants it: decimal sign, thousands separator, plus sign.
+std::string dress(std::string t) {
+  const AxisExtraState &x = mirval_state().axextra;
+  size_t start = !t.empty() && t[0] == '-' ? 1 : 0;
+  size_t point = t.find('.');
+  size_t int_end = point == std::string::npos ? t.size() : point;
+  if (point != std::string::npos) t[point] = x.decimal;
+  size_t digits_end = int_end;
+  while (digits_end > start && !std::isdigit(static_cast<unsigned char>(t[digits_end - 1]))) --digits_end;
+  if (!x.group.empty())
+    for (long k = static_cast<long>(digits_end) - 3; k > static_cast<long>(start); k -= 3) t.insert(k, x.group);
+  if (x.plus && start == 0 && !t.empty() && t != "0" && std::isdigit(static_cast<unsigned char>(t[0])) &&
+      std::strtod(t.c_str(), nullptr) != 0)
+    t = "+" + t;
+  return t;
+}
+
 struct Label {
   double at;  // axis units (exponents on log axes)
   std::string text, sup;
 };
 
+// Which per-axis forms apply: the axis index, or -1 for labels that are not an axis's.
+int forms_of(int axis) { return axis >= 0 && axis < 3 ? axis : -1; }
+
+// The positions of date labels: calendar months or years, or whole weeks, when LABMOD asks.
+std::vector<double> date_positions(const AxisRange &r, const AxisForm &f) {
+  const AxisExtraState &x = mirval_state().axextra;
+  long base = days_from_civil(x.base_day, x.base_month, x.base_year);
+  double lo = std::min(r.a, r.e), hi = std::max(r.a, r.e);
+  if (!(hi - lo < 3.6e6)) return {};
+  std::vector<double> out;
+  if (f.date_step >= 3) {
+    // every 1, 2, 3 or 6 months (or 1, 2, 5, 10 ... years) so that about eight labels remain
+    double span = hi - lo, unit = f.date_step == 3 ? 30.44 : 365.25;
+    int every = 1;
+    for (int e : {1, 2, 3, 6, 12, 24, 60, 120, 240, 600})
+      if ((f.date_step == 4 || e <= 6) && span / (unit * e) <= 12.5) {
+        every = e;
+        break;
+      } else {
+        every = e;
+      }
+    if (f.date_step == 3 && every > 6) every = 6;
+    for (long d : calendar_steps(static_cast<long>(std::ceil(lo)) + base, static_cast<long>(std::floor(hi)) + base,
+                                 f.date_step, every))
+      out.push_back(static_cast<double>(d - base));
+    return out;
+  }
+  if (f.date_step == 2) {  // Mondays
+    long first = static_cast<long>(std::ceil(lo));
+    while (weekday(first + base) != 1) ++first;
+    long stride = std::max(1L, static_cast<long>(std::ceil((hi - lo) / 7 / 10)));
+    for (long d = first; d <= hi; d += 7 * stride) out.push_back(static_cast<double>(d));
+    return out;
+  }
+  return label_values(r);
+}
+
 // Label texts: linear axes share one number of decimals, log axes show each power exactly.
-std::vector<Label> make_labels(const AxisSettings &s, const AxisRange &r) {
+std::vector<Label> make_labels(const AxisSettings &s, const AxisRange &r, int axis = -1) {
   std::vector<Label> out;
   if (s.labels == LabelType::None) return out;
-  std::vector<double> at = label_values(r);
+  const AxisExtraState &x = mirval_state().axextra;
+  int fi = forms_of(axis);
+  AxisForm plain;
+  const AxisForm &form = fi >= 0 ? x.form[fi] : plain;
+  std::vector<double> at = s.labels == LabelType::Date ? date_positions(r, form) : label_values(r);
+  double factor = fi >= 0 && (x.factor_axes & (1 << fi)) ? x.factor : 1;
   std::vector<double> values;
-  for (double v : at) values.push_back(r.log ? std::pow(10.0, v) : v);
+  for (double v : at) values.push_back((r.log ? std::pow(10.0, v) : v) * factor);
+  if (x.integer && fi >= 0 && !r.log) {  // INTAX: whole numbers only
+    std::vector<double> a2, v2;
+    for (size_t i = 0; i < at.size(); ++i)
+      if (std::fabs(values[i] - std::round(values[i])) < 1e-6 * std::max(1.0, std::fabs(values[i])))
+        a2.push_back(at[i]), v2.push_back(std::round(values[i]));
+    at = a2, values = v2;
+  }
   int common = s.digits >= 0 ? s.digits : needed_digits(values);
+  long base = days_from_civil(x.base_day, x.base_month, x.base_year);
+  bool seconds = false;
+  for (double v : values) seconds = seconds || std::fabs(std::remainder(v, 60)) > 1e-6;
   for (size_t i = 0; i < at.size(); ++i) {
     double v = values[i];
     Label l{at[i], "", ""};
-    switch (s.labels) {
+    LabelType type = s.labels;
+    if (type == LabelType::Float && x.auto_numbers && v != 0 && (std::fabs(v) >= 1e6 || std::fabs(v) < 1e-3))
+      type = LabelType::Exp;
+    switch (type) {
       case LabelType::Float:
-        l.text = fixed(v, r.log && s.digits < 0 ? needed_digits({v}) : common);
+        l.text = dress(fixed(v, r.log && s.digits < 0 ? needed_digits({v}) : common));
         break;
       case LabelType::Log:
         l.text = "10";
@@ -58,7 +133,8 @@ std::vector<Label> make_labels(const AxisSettings &s, const AxisRange &r) {
       case LabelType::Fexp: {
         int e = v == 0 ? 0 : static_cast<int>(std::floor(std::log10(std::fabs(v)) + 1e-9));
         double m = v / std::pow(10.0, e);
-        std::string mant = fixed(m, s.digits >= 0 ? s.digits : needed_digits({m}));
+        std::string mant = dress(fixed(m, s.digits >= 0 ? s.digits : needed_digits({m})));
+        if (v == 0 && !x.zero_label && fi >= 0) continue;
         if (s.labels == LabelType::Fexp) {
           char buf[16];
           std::snprintf(buf, sizeof buf, "E%+03d", e);
@@ -71,11 +147,30 @@ std::vector<Label> make_labels(const AxisSettings &s, const AxisRange &r) {
         }
         break;
       }
+      case LabelType::Date: {
+        DateForm f{form.year, form.month, form.weekday, form.date_step};
+        l.text = date_text(base + std::lround(v), f);
+        break;
+      }
+      case LabelType::Time: l.text = time_text(v, seconds); break;
+      case LabelType::MyLab: {
+        auto it = form.mylab.find(static_cast<int>(i) + 1);
+        l.text = it != form.mylab.end() ? it->second : dress(fixed(v, common));
+        break;
+      }
       case LabelType::None: break;
     }
-    l.text = minus(l.text);
-    l.sup = minus(l.sup);
+    if (type != LabelType::MyLab && type != LabelType::Date) {
+      l.text = minus(l.text);
+      l.sup = minus(l.sup);
+    }
     out.push_back(l);
+  }
+  // AXENDS: labels at the ends of the axis left out
+  if (fi >= 0 && !out.empty()) {
+    double eps = std::fabs(r.e - r.a) * 1e-9;
+    if (!(form.ends & 1) && std::fabs(out.front().at - std::min(r.a, r.e)) <= eps) out.erase(out.begin());
+    if (!out.empty() && !(form.ends & 2) && std::fabs(out.back().at - std::max(r.a, r.e)) <= eps) out.pop_back();
   }
   return out;
 }
@@ -85,10 +180,13 @@ std::vector<double> minor_values(const AxisSettings &s, const AxisRange &r) {
   std::vector<double> out;
   double lo = std::min(r.a, r.e), hi = std::max(r.a, r.e), step = std::fabs(r.step);
   if (r.log) {
+    int mode = mirval_state().axextra.logtic;
+    if (mode == 3) return out;
     bool decades = std::fabs(step - 1) < 1e-9 && std::fabs(r.org - std::round(r.org)) < 1e-9;
     for (double d = std::floor(lo); d <= hi; ++d)
-      if (decades) {
+      if (decades || mode == 1 || mode == 2) {
         for (int m = 2; m <= 9; ++m) {
+          if (mode == 2 && m != 2 && m != 5) continue;
           double v = d + std::log10(m);
           if (v >= lo && v <= hi) out.push_back(v);
         }
@@ -116,11 +214,11 @@ double along(int i, double v) {
 // Every m-th label, with m from 1, 2, 5, 10, 20 ... the least that keeps neighbours apart by
 // 'gap'; the labels kept are whole multiples of the wider step where the axis has them.
 std::vector<const Label *> thinned(const std::vector<Label> &labels, const AxisRange &r, int axis,
-                                   double h, double gap) {
+                                   double h, double gap, bool upright) {
   std::vector<double> pos, size;
   for (const Label &l : labels) {
     pos.push_back(along(axis, l.at));
-    size.push_back(axis == 0 ? text_length(l.text, l.sup, h) : h);
+    size.push_back((axis == 0) == upright ? text_length(l.text, l.sup, h) : h);
   }
   auto fits = [&](size_t stride, size_t first) {
     for (size_t i = first; i + stride < labels.size(); i += stride)
@@ -148,6 +246,27 @@ std::vector<const Label *> thinned(const std::vector<Label> &labels, const AxisR
   return out;
 }
 
+// A label with its exponent as SETEXP and SETBAS size and raise it.
+void put_label(const Label &l, Pt at, double h, double angle, Just just, VAlign va, Rgb rgb) {
+  const AxisExtraState &x = mirval_state().axextra;
+  if (l.sup.empty() || (x.exp_size == 0.6 && x.exp_raise == 0.55)) {
+    put_text(l.text, l.sup, at, h, angle, just, va, rgb);
+    return;
+  }
+  double wb = text_length(l.text, "", h), we = text_length(l.sup, "", h * x.exp_size), w = wb + we;
+  double start = just == Just::Left ? 0 : just == Just::Center ? -w / 2 : -w;
+  double shift = va == VAlign::Top ? h : va == VAlign::Middle ? h / 2 : 0;
+  double c = std::cos(angle * M_PI / 180), s = std::sin(angle * M_PI / 180);
+  // baseline start, then along the text direction (c, -s) and up (-s, -c) in page terms
+  Pt base{at.x + start * c - s * shift, at.y - start * s + c * shift};
+  put_text(l.text, "", base, h, angle, Just::Left, VAlign::Base, rgb);
+  Pt e{base.x + wb * c - s * h * x.exp_raise, base.y - wb * s - c * h * x.exp_raise};
+  put_text(l.sup, "", e, h * x.exp_size, angle, Just::Left, VAlign::Base, rgb);
+}
+
+// The forms of the axis drawn by draw_side: the X or Y axis, or the Z axis of a colour bar.
+int side_form[2] = {0, 1};
+
 // Draws one side of the axis system (0 lower, 1 left, 2 upper, 3 right) and returns how far
 // its ticks, labels and name reach out from the axis line.
 double draw_side(int side) {
@@ -156,10 +275,13 @@ double draw_side(int side) {
   int mode = ax.sides[side];
   if (mode == 0) return 0;
   int axis = side % 2;
+  int fi = side_form[axis];
+  const AxisForm &form = st.axextra.form[fi];
   const AxisSettings &s = ax.axis[axis];
   const AxisRange &r = ax.range[axis];
   const Rect &b = ax.box;
-  Rgb rgb = pen_rgb();
+  auto part_rgb = [&](int k) { return form.colour[k] >= 0 ? table_rgb(form.colour[k]) : pen_rgb(); };
+  Rgb rgb = part_rgb(0);
   double width = std::max(1, st.pen.frame);
   // the axis line, and the outward normal (ox, oy)
   double line = side == 0 ? b.y1 : side == 1 ? b.x0 : side == 2 ? b.y0 : b.x1;
@@ -173,6 +295,7 @@ double draw_side(int side) {
   if (mode == 1) return 0;
 
   double reach = 0;
+  rgb = part_rgb(1);
   auto ticks = [&](const std::vector<double> &at, double len) {
     double from = s.ticpos == 0 ? 0 : s.ticpos == 1 ? -len : -len / 2;
     double to = s.ticpos == 0 ? len : s.ticpos == 1 ? 0 : len / 2;
@@ -180,30 +303,87 @@ double draw_side(int side) {
       stroke_polyline({point(along(axis, v), from), point(along(axis, v), to)}, page, rgb, width, {});
     reach = std::max(reach, to);
   };
-  std::vector<Label> labels = make_labels(s, r);
-  ticks(label_values(r), ax.ticlen_major);
+  std::vector<Label> labels = make_labels(s, r, fi);
+  if (form.ticmode >= 1) {
+    std::vector<double> major = s.labels == LabelType::Date ? date_positions(r, form) : label_values(r);
+    ticks(major, ax.ticlen_major);
+  }
   std::vector<double> minor = minor_values(s, r);
   double length = axis == 0 ? b.x1 - b.x0 : b.y1 - b.y0, span = std::fabs(r.e - r.a);
   // minor ticks closer than 8 plot units would only blacken the axis
-  if (minor.size() < 2 || length * std::fabs(minor[1] - minor[0]) / span >= 8) ticks(minor, ax.ticlen_minor);
+  if (form.ticmode >= 2 && s.labels != LabelType::Date &&
+      (minor.size() < 2 || length * std::fabs(minor[1] - minor[0]) / span >= 8))
+    ticks(minor, ax.ticlen_minor);
+  // ADDLAB: labels (and ticks) of the user's own at given values
+  std::vector<Label> added;
+  for (const ExtraLabel &e : form.added) {
+    double v = r.log ? (e.value > 0 ? std::log10(e.value) : NAN) : e.value;
+    if (!(v >= std::min(r.a, r.e) - 1e-9 * span && v <= std::max(r.a, r.e) + 1e-9 * span)) continue;
+    if (e.tick > 0) ticks({v}, e.tick == 2 ? ax.ticlen_major : ax.ticlen_minor);
+    added.push_back({v, e.text, ""});
+  }
   if (mode == 2) return reach;
 
+  rgb = part_rgb(2);
   double h = st.text.height, extent = reach + s.labdis, widest = 0;
-  for (const Label *l : thinned(labels, r, axis, h, axis == 0 ? 1.2 * h : 0.6 * h)) {
+  bool upright = !form.vertical;
+  // LABPOS('CENTER'): each label in the middle of its step
+  double shift = form.between ? std::fabs(r.step) / 2 : 0;
+  if (form.between && !labels.empty() && labels.back().at + shift > std::max(r.a, r.e) + 1e-9 * span) labels.pop_back();
+  for (Label &l : labels) l.at += shift;
+  std::vector<const Label *> shown = thinned(labels, r, axis, h, axis == 0 ? 1.2 * h : 0.6 * h, upright);
+  for (const Label &l : added) shown.push_back(&l);
+  // the width of the label column, for justification of Y labels
+  double column = 0;
+  for (const Label *l : shown) column = std::max(column, text_length(l->text, l->sup, h));
+  for (const Label *l : shown) {
     Pt at = point(along(axis, l->at), extent);
-    Just just = axis == 0 ? Just::Center : side == 1 ? Just::Right : Just::Left;
-    VAlign va = side == 0 ? VAlign::Top : side == 2 ? VAlign::Base : VAlign::Middle;
-    put_text(l->text, l->sup, at, h, 0, just, va, rgb);
-    widest = std::max(widest, axis == 0 ? h : text_length(l->text, l->sup, h));
+    double angle = 0;
+    Just just;
+    VAlign va;
+    double size;
+    if (axis == 0 && upright) {
+      just = Just::Center;
+      va = side == 0 ? VAlign::Top : VAlign::Base;
+      size = h;
+    } else if (axis == 0) {  // vertical labels read upwards, ending at the axis
+      angle = 90;
+      just = side == 0 ? Just::Right : Just::Left;
+      va = VAlign::Middle;
+      size = text_length(l->text, l->sup, h);
+    } else if (!upright) {  // Y labels turned, centred on their value
+      angle = 90;
+      just = Just::Center;
+      va = side == 1 ? VAlign::Base : VAlign::Top;
+      size = h;
+    } else {
+      // LABJUS: 1 LEFT and 2 RIGHT within the label column, 3 OUTWARDS, 4 INWARDS
+      int j = form.label_just;
+      bool left = side == 1 ? (j == 1 || j == 3) : !(j == 2 || j == 3);
+      if (j == 0) left = side == 3;
+      if (left && side == 1) at = point(along(axis, l->at), extent + column);
+      if (!left && side == 3) at = point(along(axis, l->at), extent + column);
+      just = left ? Just::Left : Just::Right;
+      va = VAlign::Middle;
+      size = column;
+    }
+    put_label(*l, at, h, angle, just, va, rgb);
+    widest = std::max(widest, size);
   }
   extent += widest;
   if (mode == 3 || s.name.empty()) return extent;
 
-  double mid = axis == 0 ? (b.x0 + b.x1) / 2 : (b.y0 + b.y1) / 2;
+  rgb = part_rgb(3);
+  double lo = axis == 0 ? b.x0 : b.y1, hi = axis == 0 ? b.x1 : b.y0;
+  double mid = form.name_just == 0 ? lo : form.name_just == 2 ? hi : (lo + hi) / 2;
   Pt at = point(mid, extent + s.namdis);
-  double angle = axis == 0 ? 0 : 90;
+  bool reversed = axis == 1 && st.axextra.y_name_reversed;
+  double angle = axis == 0 ? 0 : reversed ? -90 : 90;
   VAlign va = side == 0 || side == 3 ? VAlign::Top : VAlign::Base;
-  put_text(s.name, "", at, ax.hname, angle, Just::Center, va, rgb);
+  if (reversed) va = va == VAlign::Top ? VAlign::Base : VAlign::Top;
+  Just nj = form.name_just == 0 ? Just::Left : form.name_just == 2 ? Just::Right : Just::Center;
+  if (reversed && nj != Just::Center) nj = nj == Just::Left ? Just::Right : Just::Left;
+  put_text(s.name, "", at, ax.hname, angle, nj, va, rgb);
   return extent + s.namdis + ax.hname;
 }
 
@@ -232,6 +412,10 @@ bool settle_range(const char *routine, int i, float a, float e, float org, float
     double h = mirval_state().text.height;
     for (int n = target_intervals(i, length, s.log); n >= 1; --n) {
       r = auto_range(lo, s.data_max, s.log, n);
+      if (mirval_state().axextra.integer && !r.log && r.step < 1) {  // INTAX: whole steps
+        r.step = 1;
+        r.a = std::floor(r.a), r.e = std::ceil(r.e), r.org = r.a;
+      }
       if (i == 1 || r.log) break;
       double widest = 0;
       for (const Label &l : make_labels(s, r)) widest = std::max(widest, text_length(l.text, l.sup, h));
@@ -312,7 +496,8 @@ struct LabelName {
 };
 const LabelName label_names[] = {{"FLOAT", LabelType::Float}, {"EXP", LabelType::Exp},
                                  {"FEXP", LabelType::Fexp},   {"LOG", LabelType::Log},
-                                 {"NONE", LabelType::None}};
+                                 {"NONE", LabelType::None},   {"DATE", LabelType::Date},
+                                 {"TIME", LabelType::Time},   {"MYLAB", LabelType::MyLab}};
 
 const char *label_name(LabelType t) {
   for (const LabelName &n : label_names)
@@ -336,17 +521,61 @@ bool axis_range(const char *routine, int i, float a, float e, float org, float s
 void axis_system(const std::array<AxisRange, 2> &r) {
   MirvalState &st = mirval_state();
   AxesState &ax = st.axes;
+  AxisExtraState &x = st.axextra;
   ax.range = r;
   ax.box = placed_box();
   st.grid.colour_axis = false;
-  for (int side = 0; side < 4; ++side) {
-    double reach = draw_side(side);
-    if (side == 2) ax.title_room = reach;
-  }
+  st.grid.label_boxes.clear();
+  x.chart = 0;
+  x.bottom_room = 0;
+  ax.title_room = 0;
   st.level = 2;
+  if (x.nograf) {  // NOGRAF: this one axis system is drawn without axes
+    x.nograf = false;
+    return;
+  }
+  if (x.background >= 0) fill_path(rect_path(ax.box.x0, ax.box.y0, ax.box.x1, ax.box.y1), table_rgb(x.background));
+  std::array<int, 4> saved = ax.sides;
+  if (x.all_labelled) ax.sides = {std::max(ax.sides[0], 3), std::max(ax.sides[1], 3), std::max(ax.sides[2], 3), std::max(ax.sides[3], 3)};
+  if (x.axis_type == 2) ax.sides[2] = ax.sides[3] = 0;  // AXSTYP('OPEN')
+  if (x.right_labels) std::swap(ax.sides[1], ax.sides[3]);
+  if (x.axis_type == 1) {
+    // AXSTYP('CROSS'): the two axes pass through the user origin (or the nearest edge)
+    Rect b = ax.box;
+    double y0 = std::clamp(page_y_user(r[1].log ? 1 : 0), b.y0, b.y1);
+    double x0 = std::clamp(page_x(r[0].log ? 1 : 0), b.x0, b.x1);
+    if (!std::isfinite(y0)) y0 = b.y1;
+    if (!std::isfinite(x0)) x0 = b.x0;
+    ax.box = {b.x0, b.y0, b.x1, y0};
+    draw_side(0);
+    ax.box = {x0, b.y0, b.x1, b.y1};
+    draw_side(1);
+    ax.box = b;
+  } else {
+    for (int side = 0; side < 4; ++side) {
+      double reach = draw_side(side);
+      if (side == 2) ax.title_room = reach;
+      if (side == 0) x.bottom_room = reach;
+    }
+  }
+  ax.sides = saved;
 }
 
 double axis_side(int side) { return draw_side(side); }
+
+double axis_side(int side, int form) {
+  int saved = side_form[side % 2];
+  side_form[side % 2] = form;
+  double reach = draw_side(side);
+  side_form[side % 2] = saved;
+  return reach;
+}
+
+std::vector<AxisLabel> axis_labels(const AxisSettings &s, const AxisRange &r, int form) {
+  std::vector<AxisLabel> out;
+  for (const Label &l : make_labels(s, r, form)) out.push_back({l.at, l.text, l.sup});
+  return out;
+}
 
 extern "C" {
 
@@ -373,11 +602,14 @@ void title(void) {
   const AxesState &ax = mirval_state().axes;
   double h = ax.htitle;
   double x = ax.title_just == Just::Left ? ax.box.x0 : ax.title_just == Just::Right ? ax.box.x1 : (ax.box.x0 + ax.box.x1) / 2;
+  bool below = mirval_state().axextra.title_pos == 1;  // TITPOS('BELOW')
   double y = ax.box.y0 - ax.title_room - 0.8 * h - ax.vkytit;
-  for (int i = 3; i >= 0; --i) {
+  if (below) y = ax.box.y1 + mirval_state().axextra.bottom_room + 1.8 * h + ax.vkytit;
+  for (int k = 0; k < 4; ++k) {
+    int i = below ? k : 3 - k;
     if (ax.title[i].empty()) continue;
     put_text(ax.title[i], "", {x, y}, h, 0, ax.title_just, VAlign::Base, pen_rgb());
-    y -= 1.6 * h;
+    y += below ? 1.6 * h : -1.6 * h;
   }
 }
 

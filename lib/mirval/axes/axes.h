@@ -23,3 +23,7 @@ void axis_system(const std::array<AxisRange, 2> &r);
 // Draws side 0..3 (lower, left, upper, right) of the current axis system as SETGRF says and
 // returns how far its ticks, labels and name reach out.
 double axis_side(int side);
+// The same with the label forms (MYLAB, LABMOD ...) of axis 'form' (0 X, 1 Y, 2 Z).
+double axis_side(int side, int form);
+// Label texts with the label forms of axis 'form'.
+std::vector<AxisLabel> axis_labels(const AxisSettings &s, const AxisRange &r, int form);

@@ -135,6 +135,7 @@ AxisPlace lay_axis(AxesPicture &pic, int i, const double from[3], const double o
   pic.add_line(ax.a, ax.e);
   std::vector<AxisText> all;
   std::vector<double> steps;  // each label's value in label steps from zero
+  if (st.solid.label3d == "NONE") return ax;
   for (const AxisLabel &l : axis_labels(s, r)) {
     Pt p = point(l.at);
     pic.add_line(p, {p.x + ax.out.x * tick, p.y + ax.out.y * tick});
@@ -168,7 +169,12 @@ AxisPlace lay_axis(AxesPicture &pic, int i, const double from[3], const double o
 void place_labels(AxesPicture &pic, AxisPlace &ax, size_t from, size_t to) {
   for (size_t n = from; n < to; ++n) {
     const AxisText &t = ax.labels[n];
-    if (!pic.place(t)) continue;
+    if (!pic.place(t)) {
+      // FLAB3D: the labels where the axes meet stay even where they come close
+      if (!mirval_state().solid.flab3d || n != 0) continue;
+      pic.texts.push_back(t);
+      grow(pic.extent, t.room);
+    }
     double across = std::fabs(ax.out.x) * (t.room.x1 - t.room.x0) + std::fabs(ax.out.y) * (t.room.y1 - t.room.y0);
     ax.beyond = std::max(ax.beyond, ax.reach + across);
   }
@@ -246,6 +252,29 @@ void fit_camera(Camera &cam, const Rect &region) {
   }
 }
 
+// The region a 3-D picture may fill. A box seen in perspective is about as high as it is wide,
+// so in a region wider than that the picture would leave most of it empty: the region grows
+// upwards and downwards, centred where it was, as far as the width asks for and the page
+// allows (keeping room above for the title lines), so that the picture fills the region's
+// width as a 2-D axis system does.
+Rect grown_region(Rect region) {
+  const MirvalState &st = mirval_state();
+  AxesPicture pic = lay_axes();
+  const Rect &e = pic.extent;
+  double ew = e.x1 - e.x0, eh = e.y1 - e.y0, rw = region.x1 - region.x0, rh = region.y1 - region.y0;
+  if (!(ew > 0) || !(eh > 0) || !(rw > 0) || !(rh > 0)) return region;
+  double want = rw * eh / ew;
+  if (want <= rh) return region;
+  int lines = 0;
+  for (const std::string &t : st.axes.title) lines += !t.empty();
+  double top = 40 + (lines ? (lines * 1.6 + 0.5) * st.axes.htitle + st.axes.vkytit : 0);
+  double bottom = st.page.height - 40;
+  if (region.y0 < top || region.y1 > bottom) return region;  // placed off the usual page area
+  double h = std::min(want, bottom - top), mid = (region.y0 + region.y1) / 2;
+  double y0 = std::min(std::max(top, mid - h / 2), bottom - h);
+  return {region.x0, y0, region.x1, y0 + h};
+}
+
 // Lines across one wall of the box: the wall where box axis 'fixed' is at 'side', lines at
 // the grid values of axis 'along' running in the direction of axis 'across'.
 void wall_lines(int fixed, double side, int along, int across, int n) {
@@ -288,9 +317,31 @@ void graf3d(float xa, float xe, float xor_, float xstp, float ya, float ye, floa
     mv_warn("graf3d", "the view point (%g, %g, %g) lies inside the box", eye[0], eye[1], eye[2]);
     return;
   }
-  double focal = std::min(region.x1 - region.x0, region.y1 - region.y0) / 2 / std::tan(sp.vang * M_PI / 360);
-  sp.cam = make_camera(eye, sp.vup, {(region.x0 + region.x1) / 2, (region.y0 + region.y1) / 2}, focal);
+  // VFOC3D: the camera looks at the focus instead of the box centre
+  double focus[3];
+  for (int k = 0; k < 3; ++k) focus[k] = sp.focus_user ? box_coord(k, sp.focus[k]) : sp.focus[k];
+  double rel[3] = {eye[0] - focus[0], eye[1] - focus[1], eye[2] - focus[2]};
+  if (!std::isfinite(rel[0] + rel[1] + rel[2]) || !(std::sqrt(rel[0] * rel[0] + rel[1] * rel[1] + rel[2] * rel[2]) > 1e-9)) {
+    for (int k = 0; k < 3; ++k) focus[k] = 0, rel[k] = eye[k];
+  }
+  auto make = [&](const Rect &reg) {
+    double focal = std::min(reg.x1 - reg.x0, reg.y1 - reg.y0) / 2 / std::tan(sp.vang * M_PI / 360);
+    Camera c = make_camera(rel, sp.vup, {(reg.x0 + reg.x1) / 2, (reg.y0 + reg.y1) / 2}, focal);
+    for (int k = 0; k < 3; ++k) c.eye[k] = eye[k];
+    c.ortho = sp.ortho;
+    c.dist = std::sqrt(rel[0] * rel[0] + rel[1] * rel[1] + rel[2] * rel[2]);
+    return c;
+  };
+  sp.cam = make(region);
+  region = grown_region(region);
+  sp.cam = make(region);
   fit_camera(sp.cam, region);
+  if (sp.vscale != 1) {
+    sp.cam.focal *= sp.vscale;
+    Pt c = sp.cam.centre, m{(region.x0 + region.x1) / 2, (region.y0 + region.y1) / 2};
+    sp.cam.centre = {m.x + (c.x - m.x) * sp.vscale, m.y + (c.y - m.y) * sp.vscale};
+  }
+  ++st.solid.generation;
   AxesPicture pic = lay_axes();
   draw_axes(pic);
   st.axes.box = pic.extent;

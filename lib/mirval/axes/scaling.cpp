@@ -4,6 +4,7 @@
 #include "core/messages.h"
 #include "mirval.h"
 #include "core/trace.h"
+#include "maps/projection.h"
 
 #include <algorithm>
 #include <cctype>
@@ -99,7 +100,11 @@ namespace {
 
 // Position 0..1 of a user value along an axis range.
 double fraction(const AxisRange &r, double v) {
-  if (r.log) v = v > 0 ? std::log10(v) : std::nan("");
+  if (r.log) {
+    double neg = mirval_state().axextra.neglog;  // NEGLOG: where non-positive values go
+    if (!(v > 0) && neg > 0 && !std::isnan(v)) v = neg;
+    v = v > 0 ? std::log10(v) : std::nan("");
+  }
   return (v - r.a) / (r.e - r.a);
 }
 
@@ -129,19 +134,38 @@ bool at_axis_level(const char *routine) { return mv_level(routine, 2, 3); }
 }  // namespace
 
 Rect placed_box() {
-  const AxesState &ax = mirval_state().axes;
-  double y1 = page_y(ax.posy);
-  return {double(ax.posx), y1 - ax.len[1], double(ax.posx) + ax.len[0], y1};
+  const MirvalState &st = mirval_state();
+  const AxesState &ax = st.axes;
+  const AxisExtraState &x = st.axextra;
+  // AXSORG places the axis system by its centre; ORIGIN shifts every placement
+  double px = ax.posx + x.origin_x, py = ax.posy + x.origin_y;
+  if (x.centred) {
+    px = x.centre_x + x.origin_x - ax.len[0] / 2.0;
+    double cy = page_y(x.centre_y + x.origin_y);
+    return {px, cy - ax.len[1] / 2.0, px + ax.len[0], cy + ax.len[1] / 2.0};
+  }
+  double y1 = page_y(py);
+  return {px, y1 - ax.len[1], px + ax.len[0], y1};
 }
 
 double page_x(double x) {
+  double px, py;  // on a map: along the central parallel, exact for cylindrical maps
+  if (const MapProjection *m = current_map()) return map_user_point(x, (m->region.lat_a + m->region.lat_e) / 2, px, py), px;
   const AxesState &ax = mirval_state().axes;
   return ax.box.x0 + fraction(ax.range[0], x) * (ax.box.x1 - ax.box.x0);
 }
 
 double page_y_user(double y) {
+  double px, py;  // on a map: along the central meridian
+  if (const MapProjection *m = current_map()) return map_user_point(m->region.lon0, y, px, py), py;
   const AxesState &ax = mirval_state().axes;
   return ax.box.y1 - fraction(ax.range[1], y) * (ax.box.y1 - ax.box.y0);
+}
+
+Pt page_point(double x, double y) {
+  Pt p;
+  if (map_user_point(x, y, p.x, p.y)) return p;
+  return {page_x(x), page_y_user(y)};
 }
 
 double user_x(double px) {

@@ -29,5 +29,8 @@ Rect placed_box();
 // place for the value) and back.
 double page_x(double x);
 double page_y_user(double y);
+// Both at once: on a map axis system (GRAFMP) x and y are longitude and latitude, and the
+// projection needs the two together.
+Pt page_point(double x, double y);
 double user_x(double px);
 double user_y(double py);

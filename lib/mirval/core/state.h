@@ -82,7 +82,7 @@ struct TextState {
   Just just = Just::Left;          // TXTJUS
 };
 
-enum class LabelType { Float, Exp, Fexp, Log, None };
+enum class LabelType { Float, Exp, Fexp, Log, None, Date, Time, MyLab };
 
 // Settings of one axis (X, Y or Z) that apply to the next axis system.
 struct AxisSettings {
@@ -139,6 +139,11 @@ struct CurveLook {
   double width = 1;
   std::vector<double> dash;
   int incmrk = 0, marker = 0;
+  int pattern = -1;                // bars and pies: a patch in SHDPAT pattern 0..16; -1 a line
+  Rgb fill;                        // the patch's colour
+  Rgb marker_rgb;                  // the marker's colour (MRKCLR)
+  bool marker_own = false;         // marker_rgb differs from rgb
+  bool outlined = true;            // the patch has a border
 };
 
 struct LegendState {
@@ -150,6 +155,14 @@ struct LegendState {
   bool text_colours = false;       // LEGCLR
   int background = -2;             // LEGBGD: -2 the page's background, -1 none, else a table colour
   std::vector<CurveLook> curves;   // every curve of the page, in order
+  std::map<int, CurveLook> given;  // LEGPAT: looks set for lines 1..n
+  std::vector<int> selected;       // LEGSEL: the lines shown, in order; empty: all
+  int table = 1;                   // LEGTBL: columns (or rows when table_rows)
+  bool table_rows = false;
+  bool horizontal = false;         // LEGTYP('HORI'): all lines side by side
+  double symbol_scale = 1;         // LEGVAL(x, 'SYMBOL'): marker size in the legend
+  double patch_height = 1;         // LEGVAL(x, 'PATCH'): patch height in character heights
+  double column_gap = 2;           // LEGVAL(x, 'COLUMN'): gap between columns
 };
 
 // How the current 3-D axis system maps box coordinates (the AXIS3D box centred at the origin)
@@ -160,6 +173,8 @@ struct Camera {
   double u[3] = {1, 0, 0}, v[3] = {0, 0, 1}, w[3] = {0, 1, 0};
   Pt centre;                       // page point the line of sight meets
   double focal = 1;                // plot units per unit of u/w and v/w
+  bool ortho = false;              // PROJ3D('ORTHO'): every point seen as far as the focus
+  double dist = 1;                 // distance from the eye to the focus along w
 };
 
 // 3-D settings and the current 3-D axis system.
@@ -175,6 +190,11 @@ struct Space3D {
   bool mesh = false;               // SURMSH: grid lines over SURSHD's cells
   std::array<AxisRange, 3> range;  // set by GRAF3D
   Camera cam;
+  bool ortho = false;              // PROJ3D
+  float focus[3] = {0, 0, 0};      // VFOC3D: the point looked at
+  bool focus_user = false;         // VFOC3D('USER'): focus in user coordinates
+  float vscale = 1;                // VSCL3D: the picture this much larger than fitted
+  float near_clip = 0, far_clip = 0;  // VCLP3D: shown depths from the eye, 0 none
 };
 
 // Colour-coded data and contours: the colour bar of GRAF3, colour points, contour labels.
@@ -187,6 +207,10 @@ struct GridState {
   double label_gap = 0.5;          // CONGAP: room around contour labels, character heights
   double label_every = 6, label_least = 1.5;  // CONMOD: label spacing, shortest labelled line (label widths)
   std::string label_text;          // CONLAB: text of contour labels; empty: the level
+  // contour labels already placed on the current axis system, as turned rectangles (page
+  // corners), so that labels of later levels keep clear of them
+  std::vector<std::array<Pt, 4>> label_boxes;
+  size_t label_page = 0;           // the page (count of pages) they were placed on
   bool colour_axis = false;        // the current axis system has a Z axis (GRAF3, GRAF3D)
   AxisRange z;                     // and this is it
 };

@@ -39,6 +39,12 @@ void add_item(Item it) {
   const PenState &pen = mirval_state().pen;
   it.cap = pen.cap;
   it.join = pen.join;
+  // TPRINI ... TPRFIN: fills (bit 1) and lines and text (bit 2) as TPRMOD says
+  const ChartState &ch = mirval_state().chart;
+  if (ch.transparent) {
+    bool fill = it.kind == ItemKind::Fill || it.kind == ItemKind::Cell || it.kind == ItemKind::Image;
+    if (ch.tpr_targets & (fill ? 1 : 2)) it.alpha *= ch.alpha;
+  }
   Scene &sc = mirval_state().scene;
   if (sc.pages.empty()) sc.pages.emplace_back();
   sc.current().items.push_back(std::move(it));

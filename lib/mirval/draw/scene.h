@@ -58,6 +58,8 @@ struct Item {
   double size = 0;            // font size in plot units
   Pt at;
   double angle = 0;
+  double slant = 0;           // Text: letters leaned by this many degrees (CHAANG)
+  double stretch = 1;         // Text: widths scaled by this factor (CHAWTH)
   // Image: 'image' fills the rectangle from 'at' (upper left) to 'end' (lower right)
   std::shared_ptr<const RasterImage> image;
   Pt end;

@@ -1,4 +1,5 @@
 #include "draw/text.h"
+#include "draw/colours.h"
 #include "draw/draw.h"
 #include "draw/fonts.h"
 #include "core/keywords.h"
@@ -6,6 +7,8 @@
 #include "mirval.h"
 #include "axes/scaling.h"
 #include "core/trace.h"
+#include "media/formula.h"
+#include "media/hershey.h"
 
 #include <cmath>
 #include <cstring>
@@ -40,7 +43,88 @@ void message_at(const std::string &text, double x, double y) {
 
 int current_font() { return font_index(mirval_state().text.font); }
 
+namespace {
+
+LayoutStyle layout_style(double h) {
+  const MediaState &m = mirval_state().media;
+  LayoutStyle st;
+  st.font = current_font();
+  st.height = h;
+  st.tex = m.tex;
+  st.mix = m.mix;
+  return st;
+}
+
+// The text and its exponent as one box.
+Layout rich_layout(const std::string &text, const std::string &sup, double h) {
+  Layout l = layout_lines(text, layout_style(h));
+  if (!sup.empty()) {
+    Layout e = layout_text(sup, layout_style(h * sup_scale));
+    l.add(e, l.width, h * sup_raise);
+  }
+  return l;
+}
+
+// Places a laid-out text: its origin (left end of the first baseline) at o in page
+// coordinates, turned by 'angle'.
+void place_layout(const Layout &l, Pt o, double h, double angle, Rgb rgb) {
+  const MediaState &m = mirval_state().media;
+  double a = angle * M_PI / 180;
+  double dx = std::cos(a), dy = -std::sin(a);
+  double nx = std::sin(a), ny = std::cos(a);
+  auto at = [&](double x, double y) { return Pt{o.x + dx * x - nx * y, o.y + dy * x - ny * y}; };
+  auto box = [&](double x0, double y0, double x1, double y1) {
+    return closed_path({at(x0, y0), at(x1, y0), at(x1, y1), at(x0, y1)});
+  };
+  double pad = 0.25 * h;
+  if (m.text_bg >= 0 && m.text_bg < 256) {
+    fill_path(box(-pad, -l.descent - pad / 2, l.width + pad, l.ascent + pad / 2), table_rgb(m.text_bg));
+  }
+  for (const LayGlyph &g : l.glyphs) {
+    Pt p = at(g.x, g.y);
+    if (g.strokes) {
+      double w = std::max(h / 14, 1.0);
+      for (const std::vector<double> &line : hershey_strokes(g.font, g.text, g.size)) {
+        Path path;
+        for (size_t k = 0; k + 1 < line.size(); k += 2) {
+          Pt q = at(g.x + line[k] * m.stretch, g.y + line[k + 1]);
+          if (k == 0) path.move(q);
+          else path.line(q);
+        }
+        stroke_path(path, rgb, w, {});
+      }
+      continue;
+    }
+    Item it;
+    it.kind = ItemKind::Text;
+    it.rgb = rgb;
+    it.font = g.font;
+    it.size = g.size;
+    it.angle = angle;
+    it.slant = m.slant;
+    it.stretch = m.stretch;
+    it.text = valid_utf8(g.text);
+    it.at = p;
+    if (!it.text.empty()) add_item(it);
+  }
+  for (const LayBar &b : l.bars) fill_path(box(b.x0, b.y0, b.x1, b.y1), rgb);
+  for (const LayLine &line : l.lines) {
+    Path path;
+    for (size_t k = 0; k + 1 < line.xy.size(); k += 2) {
+      Pt q = at(line.xy[k], line.xy[k + 1]);
+      if (k == 0) path.move(q);
+      else path.line(q);
+    }
+    stroke_path(path, rgb, line.width, {});
+  }
+  if (m.frame > 0)
+    stroke_path(box(-pad, -l.descent - pad / 2, l.width + pad, l.ascent + pad / 2), rgb, m.frame, {});
+}
+
+}  // namespace
+
 double text_length(const std::string &text, const std::string &sup, double h) {
+  if (rich_text(text) || rich_text(sup)) return rich_layout(text, sup, h).width;
   int font = current_font();
   double size = font_size(font, h);
   double w = text_width(font, size, text);
@@ -52,6 +136,17 @@ void put_text(const std::string &text, const std::string &sup, Pt at, double h, 
               Just just, VAlign valign, Rgb rgb) {
   // far beyond the page a position means nothing and would overflow the renderer
   if ((text.empty() && sup.empty()) || !(std::fabs(at.x) < 1e7) || !(std::fabs(at.y) < 1e7)) return;
+  if (rich_text(text) || rich_text(sup)) {
+    Layout l = rich_layout(text, sup, h);
+    double a = angle * M_PI / 180;
+    double dx = std::cos(a), dy = -std::sin(a), nx = std::sin(a), ny = std::cos(a);
+    double along = just == Just::Left ? 0 : just == Just::Center ? -l.width / 2 : -l.width;
+    // formulas taller than a capital hang below the anchor instead of reaching above it
+    double top = std::max(h, l.ascent - 0.05 * h);
+    double down = valign == VAlign::Top ? top : valign == VAlign::Middle ? (top + h) / 4 : 0;
+    place_layout(l, {at.x + dx * along + nx * down, at.y + dy * along + ny * down}, h, angle, rgb);
+    return;
+  }
   int font = current_font();
   double size = font_size(font, h), w = text_length(text, sup, h);
   double a = angle * M_PI / 180;

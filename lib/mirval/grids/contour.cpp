@@ -243,6 +243,28 @@ std::vector<std::vector<Pt>> cut_gaps(const std::vector<Pt> &line, const std::ve
   return out;
 }
 
+std::array<Pt, 4> label_corners(Pt c, double w, double h, double angle) {
+  double ca = std::cos(angle * M_PI / 180), sa = -std::sin(angle * M_PI / 180);  // page y down
+  double ux = ca * w / 2, uy = sa * w / 2, vx = -sa * h / 2, vy = ca * h / 2;
+  return {Pt{c.x - ux - vx, c.y - uy - vy}, Pt{c.x + ux - vx, c.y + uy - vy}, Pt{c.x + ux + vx, c.y + uy + vy},
+          Pt{c.x - ux + vx, c.y - uy + vy}};
+}
+
+bool quads_overlap(const std::array<Pt, 4> &a, const std::array<Pt, 4> &b) {
+  // separating axes: the edge normals of both
+  for (const std::array<Pt, 4> *q : {&a, &b})
+    for (int k = 0; k < 4; ++k) {
+      Pt p = (*q)[k], r = (*q)[(k + 1) % 4];
+      double nx = r.y - p.y, ny = p.x - r.x;
+      double amin = INFINITY, amax = -INFINITY, bmin = INFINITY, bmax = -INFINITY;
+      for (const Pt &v : a) amin = std::min(amin, v.x * nx + v.y * ny), amax = std::max(amax, v.x * nx + v.y * ny);
+      for (const Pt &v : b) bmin = std::min(bmin, v.x * nx + v.y * ny), bmax = std::max(bmax, v.x * nx + v.y * ny);
+      double eps = 1e-9 * (std::fabs(nx) + std::fabs(ny));
+      if (amax <= bmin + eps || bmax <= amin + eps) return false;
+    }
+  return true;
+}
+
 double polygon_area(const std::vector<Pt> &poly) {
   double a = 0;
   for (size_t k = 0; k < poly.size(); ++k) {
@@ -297,8 +319,9 @@ AxisLabel level_text(double level) {
 // Draws the lines of one level in the pen's style, with labels along them: every CONMOD
 // spacing, on lines long enough, turned along the line and kept upright, in a gap CONGAP wide.
 void draw_level(const std::vector<std::vector<Pt>> &lines, double level) {
-  const MirvalState &st = mirval_state();
-  const GridState &g = st.grid;
+  MirvalState &st = mirval_state();
+  GridState &g = st.grid;
+  if (g.label_page != st.scene.pages.size()) g.label_boxes.clear(), g.label_page = st.scene.pages.size();
   Rect clip = user_clip();
   AxisLabel label = level_text(level);
   const std::string &text = label.text;
@@ -314,19 +337,37 @@ void draw_level(const std::vector<std::vector<Pt>> &lines, double level) {
     }
     int n = std::max(1, static_cast<int>(length / (g.label_every * width)));
     std::vector<std::pair<double, double>> gaps;
+    // a line that turns sharply under the label would cross it
+    Rect room{clip.x0 + h, clip.y0 + h, clip.x1 - h, clip.y1 - h};  // labels keep off the frame
     for (int k = 0; k < n; ++k) {
-      double s = (k + 0.5) * length / n;
-      Pt a = point_at(line, s - width / 2), b = point_at(line, s + width / 2);
-      Pt c = point_at(line, s);
-      // a line that turns sharply under the label would cross it
-      Rect room{clip.x0 + h, clip.y0 + h, clip.x1 - h, clip.y1 - h};  // labels keep off the frame
-      if (std::hypot(b.x - a.x, b.y - a.y) < 0.8 * width || !inside(a, room) || !inside(b, room)) continue;
-      double angle = std::atan2(a.y - b.y, b.x - a.x) * 180 / M_PI;
-      if (angle > 90) angle -= 180;
-      if (angle <= -90) angle += 180;
-      put_text(text, label.sup, c, h, angle, Just::Center, VAlign::Middle, pen_rgb());
-      gaps.push_back({s - width / 2, s + width / 2});
+      double want = (k + 0.5) * length / n, slack = length / n / 2 - width / 2;
+      // the place asked for first, then places further along the line either way, so that
+      // the label keeps clear of the labels already there (of this and other levels)
+      for (int t = 0; t <= 8; ++t) {
+        double s = want + (t % 2 ? 1 : -1) * ((t + 1) / 2) * std::max(slack, 0.0) / 4;
+        if (t > 0 && slack <= 0) break;
+        if (s - width / 2 < 0 || s + width / 2 > length) continue;
+        Pt a = point_at(line, s - width / 2), b = point_at(line, s + width / 2);
+        Pt c = point_at(line, s);
+        if (std::hypot(b.x - a.x, b.y - a.y) < 0.8 * width || !inside(a, room) || !inside(b, room)) continue;
+        double angle = std::atan2(a.y - b.y, b.x - a.x) * 180 / M_PI;
+        if (angle > 90) angle -= 180;
+        if (angle <= -90) angle += 180;
+        std::array<Pt, 4> box = label_corners(c, width, 1.5 * h, angle);
+        bool clear = true;
+        for (const std::array<Pt, 4> &other : g.label_boxes)
+          if (quads_overlap(box, other)) {
+            clear = false;
+            break;
+          }
+        if (!clear) continue;
+        put_text(text, label.sup, c, h, angle, Just::Center, VAlign::Middle, pen_rgb());
+        gaps.push_back({s - width / 2, s + width / 2});
+        g.label_boxes.push_back(box);
+        break;
+      }
     }
+    std::sort(gaps.begin(), gaps.end());
     for (const std::vector<Pt> &piece : cut_gaps(line, gaps)) append_polyline(path, piece, clip);
   }
   stroke_path(path);

@@ -4,6 +4,7 @@
 #pragma once
 #include "draw/scene.h"
 
+#include <array>
 #include <vector>
 
 // A matrix on a grid: z[i * ny + j] belongs to x[i], y[j]. NaN values leave holes.
@@ -31,5 +32,10 @@ std::vector<std::vector<std::vector<Pt>>> contour_layers(const GridData &g, cons
 std::vector<std::vector<Pt>> cut_gaps(const std::vector<Pt> &line, const std::vector<std::pair<double, double>> &gaps);
 // The point at arc length s along a polyline.
 Pt point_at(const std::vector<Pt> &line, double s);
+// The corners of a label's rectangle: centre c, width w along the angle (degrees, counter-
+// clockwise on the page), height h across it.
+std::array<Pt, 4> label_corners(Pt c, double w, double h, double angle);
+// Whether two convex quadrilaterals overlap (touching edges do not count).
+bool quads_overlap(const std::array<Pt, 4> &a, const std::array<Pt, 4> &b);
 // Area of a polygon (positive when counter-clockwise in a y-up system).
 double polygon_area(const std::vector<Pt> &poly);

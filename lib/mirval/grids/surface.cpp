@@ -11,6 +11,7 @@
 #include "mirval.h"
 #include "axes/scaling.h"
 #include "core/trace.h"
+#include "solids/surfaces3d.h"
 
 #include <algorithm>
 #include <cmath>
@@ -76,7 +77,7 @@ double depth(const Camera &c, const double p[3]) {
 
 Pt project(const Camera &c, const double p[3]) {
   double d[3] = {p[0] - c.eye[0], p[1] - c.eye[1], p[2] - c.eye[2]};
-  double w = dot(d, c.w);
+  double w = c.ortho ? c.dist : dot(d, c.w);
   if (!(w > 1e-9)) return {NAN, NAN};
   return {c.centre.x + c.focal * dot(d, c.u) / w, c.centre.y - c.focal * dot(d, c.v) / w};
 }
@@ -208,13 +209,26 @@ extern "C" {
 void surfce(const float *xray, int nx, const float *yray, int ny, const float *zmat) {
   mv_tracef("surfce(xray=%s, nx=%d, yray=%s, ny=%d, zmat=%s)", mv_tarr(nx, "floats").c_str(), nx,
             mv_tarr(ny, "floats").c_str(), ny, mv_tarr(matrix_size(nx, ny), "floats").c_str());
-  if (surface_ok("surfce", xray, nx, yray, ny, zmat)) grid_surface(Surface(xray, nx, yray, ny, zmat));
+  if (!surface_ok("surfce", xray, nx, yray, ny, zmat)) return;
+  if (mirval_state().solid.shlsur) {  // SHLSUR: the surface joins the depth group and hides what comes later
+    if (!s3::begin("surfce")) return;
+    std::vector<s3::V3> p(size_t(nx) * ny);
+    for (int i = 0; i < nx; ++i)
+      for (int j = 0; j < ny; ++j) p[size_t(i) * ny + j] = s3::user_to_box({xray[i], yray[j], zmat[size_t(i) * ny + j]});
+    s3::grid_mesh(p, nx, ny, {back_rgb()}, false, 1, 1, true);
+    s3::end();
+    return;
+  }
+  grid_surface(Surface(xray, nx, yray, ny, zmat));
 }
 
 void surshd(const float *xray, int nx, const float *yray, int ny, const float *zmat) {
   mv_tracef("surshd(xray=%s, nx=%d, yray=%s, ny=%d, zmat=%s)", mv_tarr(nx, "floats").c_str(), nx,
             mv_tarr(ny, "floats").c_str(), ny, mv_tarr(matrix_size(nx, ny), "floats").c_str());
-  if (surface_ok("surshd", xray, nx, yray, ny, zmat)) shaded_surface(Surface(xray, nx, yray, ny, zmat));
+  if (!surface_ok("surshd", xray, nx, yray, ny, zmat)) return;
+  // with lighting on the surface is lit and smooth, hidden parts removed by the depth group
+  if (mirval_state().solid.lighting) s3::lit_surface("surshd", xray, nx, yray, ny, zmat, nullptr);
+  else shaded_surface(Surface(xray, nx, yray, ny, zmat));
 }
 
 // The grid surface of a matrix spread over the X and Y ranges, every ixpts-th line along X

@@ -1,5 +1,6 @@
 #include "output/device.h"
 #include "core/messages.h"
+#include "media/media.h"
 #include "output/raster_formats.h"
 #include "output/render.h"
 
@@ -156,6 +157,7 @@ std::string render_vector(Format f, int &w, int &h) {
     s = cairo_pdf_surface_create_for_stream(append, &out, pw, ph);
     const char *creator = st.program[0] ? st.program : "mirval";
     cairo_pdf_surface_set_metadata(s, CAIRO_PDF_METADATA_CREATOR, creator);
+    pdf_extras(s);  // PDFMRK bookmarks and PDFMOD metadata
   } else if (f == Format::SVG) {
     s = cairo_svg_surface_create_for_stream(append, &out, pw, ph);
   } else {

@@ -6,6 +6,7 @@
 #include "mirval.h"
 #include "core/state.h"
 #include "core/trace.h"
+#include "window/screen.h"
 
 #include <cstdlib>
 
@@ -24,7 +25,8 @@ const PageFormat page_formats[] = {
 void finish_at_exit() {
   MirvalState &st = mirval_state();
   if (st.level == 0) return;
-  write_output("mirfin", true);
+  if (screen_active()) screen_at_exit();
+  else write_output("mirfin", true);
   st.level = 0;
 }
 
@@ -159,9 +161,13 @@ void mirini(void) {
   mv_tracef("mirini()");
   if (!mv_level("mirini", 0, 0)) return;
   MirvalState &st = mirval_state();
-  choose_file();
-  if (st.page.screen)
-    mv_warn("mirini", "no screen window can be opened; the picture goes to %s", st.page.used.c_str());
+  if (st.page.screen && screen_begin()) {
+    st.page.used.clear();
+  } else {
+    choose_file();
+    if (st.page.screen)
+      mv_warn("mirini", "no screen window can be opened; the picture goes to %s", st.page.used.c_str());
+  }
   st.scene.pages.assign(1, Page{});
   ++st.scene.changes;
   st.legend.curves.clear();
@@ -176,7 +182,8 @@ void mirfin(void) {
   mv_tracef("mirfin()");
   if (!mv_level("mirfin", 1, 3)) return;
   MirvalState &st = mirval_state();
-  write_output("mirfin", true);
+  if (screen_active()) screen_finish();
+  else write_output("mirfin", true);
   st.scene.pages.clear();
   ++st.scene.changes;
   st.level = 0;
@@ -185,7 +192,8 @@ void mirfin(void) {
 void sendbf(void) {
   mv_tracef("sendbf()");
   if (!mv_level("sendbf", 1, 3)) return;
-  write_output("sendbf", false);
+  if (screen_active()) screen_update();
+  else write_output("sendbf", false);
 }
 
 void erase(void) {
@@ -242,9 +250,6 @@ void errfil(const char *cfil) {
   m.file = cfil;
   if (m.to_file) open_error_file();
 }
-
-// No screen windows in this build: scripts are told so and fall back to files.
-int qqwchk(void) { return 0; }
 
 void gfilnn(const char *cname) {
   mv_tracef("gfilnn(%s)", mv_tstr(cname).c_str());

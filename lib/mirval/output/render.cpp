@@ -107,6 +107,11 @@ void draw_text(cairo_t *cr, const Item &it) {
   cairo_save(cr);
   cairo_translate(cr, it.at.x, it.at.y);
   cairo_rotate(cr, -it.angle * M_PI / 180);
+  if (it.slant != 0 || it.stretch != 1) {
+    cairo_matrix_t m;
+    cairo_matrix_init(&m, it.stretch, 0, -std::tan(it.slant * M_PI / 180), 1, 0, 0);
+    cairo_transform(cr, &m);
+  }
   font_select(cr, it.font, it.size);
   cairo_move_to(cr, 0, 0);
   cairo_show_text(cr, it.text.c_str());

@@ -162,7 +162,13 @@ void curve(const float *x, const float *y, int n) {
     for (int i = 0; i < n; i += every)
       if (finite(pts[i]) && inside(pts[i], clip)) draw_marker(c.marker, pts[i], c.hsymbl, rgb, st.pen.width);
   }
-  st.legend.curves.push_back({rgb, width, st.pen.dash, c.incmrk, c.marker});
+  CurveLook look;
+  look.rgb = rgb;
+  look.width = width;
+  look.dash = st.pen.dash;
+  look.incmrk = c.incmrk;
+  look.marker = c.marker;
+  st.legend.curves.push_back(look);
   change_attributes();
 }
 
@@ -223,6 +229,13 @@ void errbar(const float *xray, const float *yray, const float *e1ray, const floa
     Pt c{x, page_y_user(yray[i])};
     if (finite(c) && inside(c, clip)) draw_marker(st.curve.marker, c, st.curve.hsymbl, pen_rgb(), st.pen.width);
   }
+  // the legend shows the series by its marker and colour
+  CurveLook look;
+  look.rgb = pen_rgb();
+  look.width = st.pen.width;
+  look.incmrk = -1;
+  look.marker = st.curve.marker;
+  mirval_state().legend.curves.push_back(look);
 }
 
 }

@@ -1,0 +1,198 @@
+// Stand-alone axes anywhere on the page (XAXIS, YAXIS and their log forms) and colour bars
+// placed by hand (ZAXIS, ZAXLG) with their frame and placement settings.
+#include "axes/axes.h"
+#include "axes/scaling.h"
+#include "core/keywords.h"
+#include "core/messages.h"
+#include "core/trace.h"
+#include "draw/colours.h"
+#include "draw/draw.h"
+#include "draw/text.h"
+#include "mirval.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+namespace {
+
+// The range of a stand-alone axis: ends a and b, labels from orig in steps (exponents on log
+// axes). False, after a warning, when it cannot be drawn.
+bool stand_range(const char *routine, float a, float b, float orig, float step, bool log, AxisRange &r) {
+  if (!std::isfinite(a) || !std::isfinite(b) || !std::isfinite(double(b) - a) || a == b || std::fabs(a) > 1e30 ||
+      std::fabs(b) > 1e30) {
+    mv_warn(routine, "axis range %g to %g is empty, not finite or too large", (double)a, (double)b);
+    return false;
+  }
+  if (log && (std::fabs(a) > 300 || std::fabs(b) > 300)) {
+    mv_warn(routine, "exponents %g to %g are out of range", (double)a, (double)b);
+    return false;
+  }
+  r.log = log;
+  r.a = a, r.e = b;
+  r.org = std::isfinite(orig) ? orig : a;
+  r.step = std::fabs(step);
+  if (!(r.step > 0) || !std::isfinite(r.step) || std::fabs(double(b) - a) / r.step > 1000) {
+    mv_warn(routine, "label step %g does not fit the range; a step is chosen", (double)step);
+    AxisRange auto_r = auto_range(a, b, false, 5);
+    r.step = log ? 1 : auto_r.step;
+    r.org = std::ceil(std::min(a, b) / r.step - 1e-9) * r.step;
+  }
+  return true;
+}
+
+std::string trimmed(const char *c) {
+  std::string t = c ? c : "";
+  t.erase(t.find_last_not_of(' ') + 1);
+  return t;
+}
+
+// Draws one side of a temporary axis system made of the box, with axis 'axis' (0 along x,
+// 1 along y) taking range r, name and the settings and forms of axis 'form'.
+void draw_alone(const Rect &box, int side, int form, const AxisRange &r, const std::string &name) {
+  AxesState &ax = mirval_state().axes;
+  AxesState saved = ax;
+  int axis = side % 2;
+  ax.box = box;
+  ax.range[axis] = r;
+  ax.axis[axis] = saved.axis[form];
+  ax.axis[axis].name = name;
+  ax.sides[side] = 4;
+  axis_side(side, form);
+  ax = saved;
+}
+
+bool length_ok(const char *routine, int nl) { return in_range(routine, "axis length", nl, 1, 100000); }
+
+void x_axis(const char *routine, float a, float b, float orig, float step, int nl, const char *cstr, int it, int nx,
+            int ny, bool log) {
+  if (!mv_level(routine, 1, 3) || !length_ok(routine, nl)) return;
+  if (it != 0 && it != 1) {
+    mv_warn(routine, "label side %d must be 0 (below) or 1 (above)", it);
+    return;
+  }
+  AxisRange r;
+  if (!stand_range(routine, a, b, orig, step, log, r)) return;
+  const AxisExtraState &x = mirval_state().axextra;
+  double px = nx + x.origin_x, py = page_y(ny + x.origin_y);
+  draw_alone({px, py, px + nl, py}, it == 0 ? 0 : 2, 0, r, trimmed(cstr));
+}
+
+void y_axis(const char *routine, float a, float b, float orig, float step, int nl, const char *cstr, int it, int nx,
+            int ny, bool log) {
+  if (!mv_level(routine, 1, 3) || !length_ok(routine, nl)) return;
+  if (it != 0 && it != 1) {
+    mv_warn(routine, "label side %d must be 0 (left) or 1 (right)", it);
+    return;
+  }
+  AxisRange r;
+  if (!stand_range(routine, a, b, orig, step, log, r)) return;
+  const AxisExtraState &x = mirval_state().axextra;
+  double px = nx + x.origin_x, py = page_y(ny + x.origin_y);
+  draw_alone({px, py - nl, px, py}, it == 0 ? 1 : 3, 1, r, trimmed(cstr));
+}
+
+// A colour bar of length nl from (nx, ny), its lower left corner: colour stripes of the
+// COLRAN entries, a frame (FRMBAR, FRMCLR) and the Z scale beside it.
+void z_axis(const char *routine, float a, float b, float orig, float step, int nl, const char *cstr, int it, int ndir,
+            int nx, int ny, bool log) {
+  if (!mv_level(routine, 1, 3) || !length_ok(routine, nl)) return;
+  if (it != 0 && it != 1) {
+    mv_warn(routine, "label side %d must be 0 or 1", it);
+    return;
+  }
+  if (ndir != 0 && ndir != 1) {
+    mv_warn(routine, "direction %d must be 0 (vertical) or 1 (horizontal)", ndir);
+    return;
+  }
+  AxisRange r;
+  if (!stand_range(routine, a, b, orig, step, log, r)) return;
+  const MirvalState &st = mirval_state();
+  const AxisExtraState &x = st.axextra;
+  const GridState &g = st.grid;
+  double w = g.bar_width, px = nx + x.origin_x, py = page_y(ny + x.origin_y);
+  bool vertical = ndir == 0;
+  Rect bar = vertical ? Rect{px, py - nl, px + w, py} : Rect{px, py - w, px + nl, py};
+  int n = g.colour_hi - g.colour_lo + 1;
+  double len = vertical ? bar.y1 - bar.y0 : bar.x1 - bar.x0, d = len / n;
+  bool up = r.e > r.a;  // the lowest colour sits at the end with the lower value
+  for (int k = 0; k < n; ++k) {
+    int entry = up ? g.colour_lo + k : g.colour_hi - k;
+    // each stripe reaches into the next one, which covers it again: no seams in raster pictures
+    double s0 = k * d, s1 = k + 1 < n ? (k + 1.5) * d : len;
+    Path p = vertical ? rect_path(bar.x0, bar.y1 - s0, bar.x1, bar.y1 - s1) : rect_path(bar.x0 + s0, bar.y0, bar.x0 + s1, bar.y1);
+    fill_path(fit_path(p, page_rect(), true), table_rgb(entry));
+  }
+  if (x.bar_frame > 0) {
+    Rgb frgb = x.frame_colour >= 0 ? table_rgb(x.frame_colour) : pen_rgb();
+    stroke_polyline({{bar.x0, bar.y0}, {bar.x1, bar.y0}, {bar.x1, bar.y1}, {bar.x0, bar.y1}, {bar.x0, bar.y0}},
+                    page_rect(), frgb, x.bar_frame, {});
+  }
+  int side = vertical ? (it == 0 ? 3 : 1) : (it == 0 ? 0 : 2);
+  // the scale's own line would cover the frame: it is the frame
+  AxesState &ax = mirval_state().axes;
+  int frame = mirval_state().pen.frame;
+  mirval_state().pen.frame = std::max(1, x.bar_frame);
+  AxesState saved = ax;
+  ax.box = bar;
+  int axis = side % 2;
+  ax.range[axis] = r;
+  ax.axis[axis] = saved.axis[2];
+  ax.axis[axis].name = trimmed(cstr);
+  ax.sides[side] = 4;
+  axis_side(side, 2);
+  ax = saved;
+  mirval_state().pen.frame = frame;
+}
+
+}  // namespace
+
+extern "C" {
+
+void xaxis(float a, float b, float orig, float step, int nl, const char *cstr, int it, int nx, int ny) {
+  mv_tracef("xaxis(%g, %g, %g, %g, %d, %s, %d, %d, %d)", (double)a, (double)b, (double)orig, (double)step, nl,
+            mv_tstr(cstr).c_str(), it, nx, ny);
+  x_axis("xaxis", a, b, orig, step, nl, cstr, it, nx, ny, false);
+}
+
+void yaxis(float a, float b, float orig, float step, int nl, const char *cstr, int it, int nx, int ny) {
+  mv_tracef("yaxis(%g, %g, %g, %g, %d, %s, %d, %d, %d)", (double)a, (double)b, (double)orig, (double)step, nl,
+            mv_tstr(cstr).c_str(), it, nx, ny);
+  y_axis("yaxis", a, b, orig, step, nl, cstr, it, nx, ny, false);
+}
+
+void zaxis(float a, float b, float orig, float step, int nl, const char *cstr, int it, int ndir, int nx, int ny) {
+  mv_tracef("zaxis(%g, %g, %g, %g, %d, %s, %d, %d, %d, %d)", (double)a, (double)b, (double)orig, (double)step, nl,
+            mv_tstr(cstr).c_str(), it, ndir, nx, ny);
+  z_axis("zaxis", a, b, orig, step, nl, cstr, it, ndir, nx, ny, false);
+}
+
+void xaxlg(float x1, float x2, float x3, float x4, int n1, const char *c, int n2, int n3, int n4) {
+  mv_tracef("xaxlg(%g, %g, %g, %g, %d, %s, %d, %d, %d)", (double)x1, (double)x2, (double)x3, (double)x4, n1,
+            mv_tstr(c).c_str(), n2, n3, n4);
+  x_axis("xaxlg", x1, x2, x3, x4, n1, c, n2, n3, n4, true);
+}
+
+void yaxlg(float x1, float x2, float x3, float x4, int n1, const char *c, int n2, int n3, int n4) {
+  mv_tracef("yaxlg(%g, %g, %g, %g, %d, %s, %d, %d, %d)", (double)x1, (double)x2, (double)x3, (double)x4, n1,
+            mv_tstr(c).c_str(), n2, n3, n4);
+  y_axis("yaxlg", x1, x2, x3, x4, n1, c, n2, n3, n4, true);
+}
+
+void zaxlg(float x1, float x2, float x3, float x4, int n1, const char *c, int n2, int n3, int n4, int n5) {
+  mv_tracef("zaxlg(%g, %g, %g, %g, %d, %s, %d, %d, %d, %d)", (double)x1, (double)x2, (double)x3, (double)x4, n1,
+            mv_tstr(c).c_str(), n2, n3, n4, n5);
+  z_axis("zaxlg", x1, x2, x3, x4, n1, c, n2, n3, n4, n5, true);
+}
+
+void frmbar(int n) {
+  mv_tracef("frmbar(%d)", n);
+  if (in_range("frmbar", "thickness", n, 0, 1000)) mirval_state().axextra.bar_frame = n;
+}
+
+void frmclr(int n) {
+  mv_tracef("frmclr(%d)", n);
+  if (in_range("frmclr", "colour", n, -1, 255)) mirval_state().axextra.frame_colour = n;
+}
+
+}  // extern "C"

@@ -1,0 +1,264 @@
+// Settings of output formats and devices. Those of formats this library writes take effect
+// (PNG, GIF, TIFF, PDF, PS); those of formats it does not write (CGM, WMF, HPGL, hardware
+// plotters) are kept under their names, so that a script that sets them runs unchanged.
+#include "core/keywords.h"
+#include "core/messages.h"
+#include "core/state.h"
+#include "core/trace.h"
+#include "draw/draw.h"
+#include "mirval.h"
+
+#include <cmath>
+#include <cstdlib>
+#include <string>
+
+namespace {
+
+void keep(const char *format, const char *key, const std::string &value) {
+  mirval_state().media.formats[std::string(format) + "." + key] = value;
+}
+
+bool one_of(const char *c, std::initializer_list<const char *> words) {
+  for (const char *w : words)
+    if (same(c, w)) return true;
+  return false;
+}
+
+std::string list_of(std::initializer_list<const char *> words) {
+  std::string s;
+  for (const char *w : words) {
+    if (!s.empty()) s += ", ";
+    s += w;
+  }
+  return s;
+}
+
+// A setting (value, key) whose key is one of 'keys' and, for keys in 'onoff', whose value is
+// ON or OFF.
+void keyed(const char *routine, const char *format, const char *value, const char *key,
+           std::initializer_list<const char *> keys, std::initializer_list<const char *> onoff) {
+  if (!one_of(key, keys)) {
+    mv_warn(routine, "unknown option %s (%s)", mv_tstr(key).c_str(), list_of(keys).c_str());
+    return;
+  }
+  if (one_of(key, onoff) && !one_of(value, {"ON", "OFF"})) {
+    mv_warn(routine, "%s takes ON or OFF, not %s", upper(key).c_str(), mv_tstr(value).c_str());
+    return;
+  }
+  if (!value) {
+    mv_warn(routine, "no value given");
+    return;
+  }
+  keep(format, upper(key).c_str(), one_of(key, onoff) ? upper(value) : std::string(value));
+}
+
+}  // namespace
+
+void media_reset_formats(MirvalState &st) {
+  st.media.formats.clear();
+  st.media.bookmarks.clear();
+  st.media.timing = false;
+}
+
+extern "C" {
+
+// PNGMOD('ON', 'TRANSPARENT'): the background of PNG files is transparent.
+// PNGMOD('ON', 'ALPHA'): kept for compatibility; PNG files always hold 8-bit channels.
+void pngmod(const char *c1, const char *c2) {
+  mv_tracef("pngmod(%s, %s)", mv_tstr(c1).c_str(), mv_tstr(c2).c_str());
+  keyed("pngmod", "PNG", c1, c2, {"TRANSPARENT", "ALPHA"}, {"TRANSPARENT", "ALPHA"});
+}
+
+void gifmod(const char *c1, const char *c2) {
+  mv_tracef("gifmod(%s, %s)", mv_tstr(c1).c_str(), mv_tstr(c2).c_str());
+  keyed("gifmod", "GIF", c1, c2, {"TRANSPARENT", "INTERLACE"}, {"TRANSPARENT", "INTERLACE"});
+}
+
+// TIFMOD(n, 'INCH' or 'CM', 'RESOLUTION'): n dots per inch or per cm;
+// TIFMOD(0, 'NONE', 'LZW', 'DEFLATE' or 'PACKBITS', 'COMPRESSION').
+void tifmod(int n, const char *c1, const char *c2) {
+  mv_tracef("tifmod(%d, %s, %s)", n, mv_tstr(c1).c_str(), mv_tstr(c2).c_str());
+  if (same(c2, "RESOLUTION")) {
+    if (!one_of(c1, {"INCH", "CM"})) {
+      mv_warn("tifmod", "unknown unit %s (INCH or CM)", mv_tstr(c1).c_str());
+      return;
+    }
+    if (!in_range("tifmod", "resolution", n, 1, 100000)) return;
+    int dpi = same(c1, "CM") ? int(std::lround(n * 2.54)) : n;
+    keep("TIFF", "RESOLUTION", std::to_string(dpi));
+  } else if (same(c2, "COMPRESSION")) {
+    if (!one_of(c1, {"NONE", "LZW", "DEFLATE", "PACKBITS"})) {
+      mv_warn("tifmod", "unknown compression %s (NONE, LZW, DEFLATE or PACKBITS)", mv_tstr(c1).c_str());
+      return;
+    }
+    keep("TIFF", "COMPRESSION", upper(c1));
+  } else {
+    mv_warn("tifmod", "unknown option %s (RESOLUTION or COMPRESSION)", mv_tstr(c2).c_str());
+  }
+}
+
+// PDFMOD(value, key): TITLE, AUTHOR, SUBJECT texts; VERSION 1.4 or 1.5; COMPRESSION ON/OFF
+// (Cairo compresses PDF streams always; OFF is kept only).
+void pdfmod(const char *c1, const char *c2) {
+  mv_tracef("pdfmod(%s, %s)", mv_tstr(c1).c_str(), mv_tstr(c2).c_str());
+  if (same(c2, "VERSION") && !one_of(c1, {"1.4", "1.5"})) {
+    mv_warn("pdfmod", "unknown version %s (1.4 or 1.5)", mv_tstr(c1).c_str());
+    return;
+  }
+  keyed("pdfmod", "PDF", c1, c2, {"TITLE", "AUTHOR", "SUBJECT", "VERSION", "COMPRESSION"}, {"COMPRESSION"});
+}
+
+// PDFMRK(text, 'PAGE'): an outline entry for the current page; PDFMRK(text, 'SUB'): an entry
+// one level below the last 'PAGE' entry, also pointing at the current page.
+void pdfmrk(const char *c1, const char *c2) {
+  mv_tracef("pdfmrk(%s, %s)", mv_tstr(c1).c_str(), mv_tstr(c2).c_str());
+  if (!c1 || !*c1) {
+    mv_warn("pdfmrk", "no bookmark text given");
+    return;
+  }
+  if (!one_of(c2, {"PAGE", "SUB"})) {
+    mv_warn("pdfmrk", "unknown kind %s (PAGE or SUB)", mv_tstr(c2).c_str());
+    return;
+  }
+  MirvalState &st = mirval_state();
+  if (!mv_level("pdfmrk", 1, 3)) return;
+  size_t page = st.scene.pages.empty() ? 1 : st.scene.pages.size();
+  std::string at = std::to_string(page);
+  if (same(c2, "SUB")) at += "+";
+  st.media.bookmarks.push_back({valid_utf8(c1), at});
+  ++st.scene.changes;  // the file must be written again to hold it
+}
+
+void psmode(const char *c) {
+  mv_tracef("psmode(%s)", mv_tstr(c).c_str());
+  if (!one_of(c, {"LEVEL2", "LEVEL3", "PORTRAIT", "LANDSCAPE", "COLOR", "GREY"})) {
+    mv_warn("psmode", "unknown mode %s (LEVEL2, LEVEL3, PORTRAIT, LANDSCAPE, COLOR or GREY)", mv_tstr(c).c_str());
+    return;
+  }
+  keep("PS", "MODE", upper(c));
+}
+
+void psmeta(const char *c1, const char *c2) {
+  mv_tracef("psmeta(%s, %s)", mv_tstr(c1).c_str(), mv_tstr(c2).c_str());
+  keyed("psmeta", "PS", c1, c2, {"TITLE", "CREATOR", "FOR"}, {});
+}
+
+void cgmbgd(float x1, float x2, float x3) {
+  mv_tracef("cgmbgd(%g, %g, %g)", (double)x1, (double)x2, (double)x3);
+  for (float v : {x1, x2, x3})
+    if (!(v >= 0 && v <= 1)) {
+      mv_warn("cgmbgd", "colour parts must lie in 0..1");
+      return;
+    }
+  char buf[64];
+  std::snprintf(buf, sizeof buf, "%g %g %g", (double)x1, (double)x2, (double)x3);
+  keep("CGM", "BACKGROUND", buf);
+}
+
+void cgmpic(const char *c) {
+  mv_tracef("cgmpic(%s)", mv_tstr(c).c_str());
+  if (!c || !*c) {
+    mv_warn("cgmpic", "no picture name given");
+    return;
+  }
+  keep("CGM", "PICTURE", c);
+}
+
+void cgmver(int n) {
+  mv_tracef("cgmver(%d)", n);
+  if (in_range("cgmver", "version", n, 1, 4)) keep("CGM", "VERSION", std::to_string(n));
+}
+
+void wmfmod(const char *c1, const char *c2) {
+  mv_tracef("wmfmod(%s, %s)", mv_tstr(c1).c_str(), mv_tstr(c2).c_str());
+  keyed("wmfmod", "WMF", c1, c2, {"STANDARD", "PLACEABLE", "SCALE", "FONT"}, {});
+}
+
+void hpgmod(const char *c1, const char *c2) {
+  mv_tracef("hpgmod(%s, %s)", mv_tstr(c1).c_str(), mv_tstr(c2).c_str());
+  keyed("hpgmod", "HPGL", c1, c2, {"PEN", "MODE", "PAGE"}, {});
+}
+
+void hwmode(const char *c1, const char *c2) {
+  mv_tracef("hwmode(%s, %s)", mv_tstr(c1).c_str(), mv_tstr(c2).c_str());
+  keyed("hwmode", "HW", c1, c2, {"LINE", "SHADING", "FONT"}, {"LINE", "SHADING", "FONT"});
+}
+
+void hworig(int n1, int n2) {
+  mv_tracef("hworig(%d, %d)", n1, n2);
+  if (std::abs(n1) > 100000 || std::abs(n2) > 100000) {
+    mv_warn("hworig", "origin %d, %d lies far outside the page", n1, n2);
+    return;
+  }
+  keep("HW", "ORIGIN", std::to_string(n1) + " " + std::to_string(n2));
+}
+
+void hwpage(int n1, int n2) {
+  mv_tracef("hwpage(%d, %d)", n1, n2);
+  if (in_range("hwpage", "width", n1, 1, 100000) && in_range("hwpage", "height", n2, 1, 100000))
+    keep("HW", "PAGE", std::to_string(n1) + " " + std::to_string(n2));
+}
+
+void hwscal(float x) {
+  mv_tracef("hwscal(%g)", (double)x);
+  if (!(x > 0 && x <= 100)) {
+    mv_warn("hwscal", "scale %g lies outside 0..100", (double)x);
+    return;
+  }
+  char buf[32];
+  std::snprintf(buf, sizeof buf, "%g", (double)x);
+  keep("HW", "SCALE", buf);
+}
+
+void bmpmod(int n, const char *c1, const char *c2) {
+  mv_tracef("bmpmod(%d, %s, %s)", n, mv_tstr(c1).c_str(), mv_tstr(c2).c_str());
+  if (same(c2, "RESOLUTION")) {
+    if (!one_of(c1, {"INCH", "CM"})) {
+      mv_warn("bmpmod", "unknown unit %s (INCH or CM)", mv_tstr(c1).c_str());
+      return;
+    }
+    if (in_range("bmpmod", "resolution", n, 1, 100000))
+      keep("BMP", "RESOLUTION", std::to_string(same(c1, "CM") ? int(std::lround(n * 2.54)) : n));
+  } else if (same(c2, "DEPTH")) {
+    if (n != 1 && n != 4 && n != 8 && n != 24) mv_warn("bmpmod", "depth %d is not 1, 4, 8 or 24", n);
+    else keep("BMP", "DEPTH", std::to_string(n));
+  } else {
+    mv_warn("bmpmod", "unknown option %s (RESOLUTION or DEPTH)", mv_tstr(c2).c_str());
+  }
+}
+
+void bmpfnt(const char *c) {
+  mv_tracef("bmpfnt(%s)", mv_tstr(c).c_str());
+  if (!c || !*c) {
+    mv_warn("bmpfnt", "no font name given");
+    return;
+  }
+  keep("BMP", "FONT", c);
+}
+
+void bufmod(const char *c1, const char *c2) {
+  mv_tracef("bufmod(%s, %s)", mv_tstr(c1).c_str(), mv_tstr(c2).c_str());
+  keyed("bufmod", "BUFFER", c1, c2, {"FLUSH", "SIZE"}, {"FLUSH"});
+}
+
+void symfil(const char *c1, const char *c2) {
+  mv_tracef("symfil(%s, %s)", mv_tstr(c1).c_str(), mv_tstr(c2).c_str());
+  if (!c1 || !*c1) {
+    mv_warn("symfil", "no device given");
+    return;
+  }
+  if (!one_of(c2, {"DELETE", "KEEP"})) {
+    mv_warn("symfil", "unknown mode %s (DELETE or KEEP)", mv_tstr(c2).c_str());
+    return;
+  }
+  keep("SYMFIL", upper(c2).c_str(), c1);
+}
+
+}
+
+// The value a format setting holds, or an empty text (for the outputs and the tests).
+std::string media_format_setting(const char *format, const char *key) {
+  const auto &f = mirval_state().media.formats;
+  auto it = f.find(std::string(format) + "." + key);
+  return it == f.end() ? std::string() : it->second;
+}

@@ -1,0 +1,757 @@
+// The depth group: hidden-surface removal for everything drawn in 3-D on one axis system.
+#include "solids/render3d.h"
+#include "axes/scaling.h"
+#include "core/messages.h"
+#include "draw/draw.h"
+#include "grids/surface.h"
+#include "output/device.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace s3 {
+
+V3 unit(V3 a) {
+  double n = std::sqrt(dot(a, a));
+  return n > 1e-300 ? a * (1 / n) : V3{0, 0, 1};
+}
+
+namespace {
+
+SolidState &sol() { return mirval_state().solid; }
+const Camera &cam() { return mirval_state().space.cam; }
+
+V3 eye() { return {cam().eye[0], cam().eye[1], cam().eye[2]}; }
+V3 look() { return {cam().w[0], cam().w[1], cam().w[2]}; }
+
+// Axis scale: box units per user unit (linear axes; log axes at their point).
+double axis_scale(int i) {
+  const Space3D &sp = mirval_state().space;
+  const AxisRange &r = sp.range[i];
+  double span = r.e - r.a;
+  return span != 0 ? sp.box[i] / span : 1;
+}
+
+}  // namespace
+
+V3 transform(V3 u) {
+  const SolidState &s = sol();
+  return {s.m[0][0] * u.x + s.m[0][1] * u.y + s.m[0][2] * u.z + s.t[0],
+          s.m[1][0] * u.x + s.m[1][1] * u.y + s.m[1][2] * u.z + s.t[1],
+          s.m[2][0] * u.x + s.m[2][1] * u.y + s.m[2][2] * u.z + s.t[2]};
+}
+
+V3 transform_dir(V3 n) {
+  // inverse transpose of m, as the cofactor matrix (the scale does not matter for a normal)
+  const auto &m = sol().m;
+  double c[3][3];
+  for (int i = 0; i < 3; ++i)
+    for (int j = 0; j < 3; ++j) {
+      int i1 = (i + 1) % 3, i2 = (i + 2) % 3, j1 = (j + 1) % 3, j2 = (j + 2) % 3;
+      c[i][j] = m[i1][j1] * m[i2][j2] - m[i1][j2] * m[i2][j1];
+    }
+  return {c[0][0] * n.x + c[0][1] * n.y + c[0][2] * n.z, c[1][0] * n.x + c[1][1] * n.y + c[1][2] * n.z,
+          c[2][0] * n.x + c[2][1] * n.y + c[2][2] * n.z};
+}
+
+V3 user_to_box(V3 u) {
+  V3 t = transform(u);
+  return {box_coord(0, t.x), box_coord(1, t.y), box_coord(2, t.z)};
+}
+
+V3 normal_to_box(V3 n) {
+  V3 t = transform_dir(n);
+  return unit({t.x / axis_scale(0), t.y / axis_scale(1), t.z / axis_scale(2)});
+}
+
+double box_to_user(int i, double b) {
+  const Space3D &sp = mirval_state().space;
+  const AxisRange &r = sp.range[i];
+  double v = r.a + (b / sp.box[i] + 0.5) * (r.e - r.a);
+  return r.log ? std::pow(10.0, v) : v;
+}
+
+bool raster_output() {
+  const SolidState &s = sol();
+  if (s.zbf_mode == 1) return true;
+  if (s.zbf_mode == 2) return false;
+  return is_raster(mirval_state().page.format);
+}
+
+// ---------------------------------------------------------------------------------------
+// Lighting
+
+namespace {
+
+Rgb mul(Rgb a, Rgb b) { return {a.r * b.r, a.g * b.g, a.b * b.b}; }
+
+// Where a light sits: a direction towards it (positional lights also give their distance).
+V3 light_vector(const Light &l, V3 p, double &dist) {
+  const Camera &c = cam();
+  dist = 0;
+  switch (l.mode) {
+    case 1:
+    case 2: {
+      V3 q = {l.pos[0], l.pos[1], l.pos[2]};
+      if (l.mode == 2) q = {box_coord(0, q.x), box_coord(1, q.y), box_coord(2, q.z)};
+      V3 d = q - p;
+      dist = std::sqrt(dot(d, d));
+      return unit(d);
+    }
+    case 3: {
+      double az = l.pos[0] * M_PI / 180, el = l.pos[1] * M_PI / 180;
+      return unit({std::cos(el) * std::sin(az), -std::cos(el) * std::cos(az), std::sin(el)});
+    }
+    default: {
+      V3 u{c.u[0], c.u[1], c.u[2]}, v{c.v[0], c.v[1], c.v[2]}, w = look();
+      return unit(u * l.pos[0] + v * l.pos[1] - w * l.pos[2]);
+    }
+  }
+}
+
+}  // namespace
+
+Rgb shade(V3 p, V3 n, Rgb base) {
+  const SolidState &s = sol();
+  V3 view = cam().ortho ? look() * -1 : unit(eye() - p);
+  n = unit(n);
+  double nv = dot(n, view);
+  if (nv < 0) n = n * -1, nv = -nv;  // both sides of a surface are lit as the side seen
+  if (!s.lighting) {
+    float f = float(0.3 + 0.7 * nv);
+    return {base.r * f, base.g * f, base.b * f};
+  }
+  double r = 0, g = 0, b = 0;
+  for (const Light &l : s.lights) {
+    if (!l.on) continue;
+    double dist;
+    V3 L = light_vector(l, p, dist);
+    double att = 1;
+    if (l.mode == 1 || l.mode == 2) {
+      double a = l.att[0] + l.att[1] * dist + l.att[2] * dist * dist;
+      att = a > 1e-9 ? 1 / a : 1;
+    }
+    Rgb amb = mul(mul(l.ambient, s.mat_ambient), base);
+    r += amb.r, g += amb.g, b += amb.b;
+    double nl = dot(n, L);
+    if (nl <= 0) continue;
+    Rgb dif = mul(mul(l.diffuse, s.mat_diffuse), base);
+    r += att * nl * dif.r, g += att * nl * dif.g, b += att * nl * dif.b;
+    V3 h = unit(L + view);
+    double nh = dot(n, h);
+    if (nh > 0) {
+      double sp = att * std::pow(nh, s.shininess);
+      Rgb spc = mul(l.specular, s.mat_specular);
+      r += sp * spc.r, g += sp * spc.g, b += sp * spc.b;
+    }
+  }
+  auto clamp = [](double v) { return float(std::min(1.0, std::max(0.0, v))); };
+  return {clamp(r), clamp(g), clamp(b)};
+}
+
+// ---------------------------------------------------------------------------------------
+// The group
+
+namespace {
+
+uint32_t pack(Rgb c) {
+  auto b = [](float v) { return uint32_t(std::lround(std::min(1.0f, std::max(0.0f, v)) * 255)); };
+  return 0xff000000u | b(c.r) << 16 | b(c.g) << 8 | b(c.b);
+}
+
+bool group_valid(const DepthGroup &g) {
+  MirvalState &st = mirval_state();
+  if (!g.active || g.generation != st.solid.generation || st.scene.pages.empty()) return false;
+  if (g.page != st.scene.pages.size() - 1) return false;
+  const Page &pg = st.scene.current();
+  if (pg.items.size() < g.start + g.count) return false;
+  if (g.raster && (g.count != 1 || pg.items[g.start].image.get() != g.image.get())) return false;
+  return g.raster == raster_output();
+}
+
+void new_group() {
+  MirvalState &st = mirval_state();
+  DepthGroup &g = st.solid.group;
+  g = DepthGroup();
+  g.active = true;
+  g.generation = st.solid.generation;
+  if (st.scene.pages.empty()) st.scene.pages.emplace_back();
+  g.page = st.scene.pages.size() - 1;
+  g.start = st.scene.current().items.size();
+  g.raster = raster_output();
+  if (!g.raster) return;
+  raster_size(g.dw, g.dh);
+  g.ss = st.solid.zbf_scale;
+  g.W = g.dw * g.ss, g.H = g.dh * g.ss;
+  g.depth.assign(size_t(g.W) * g.H, -INFINITY);
+  g.colour.assign(size_t(g.W) * g.H, 0);
+  g.image = std::make_shared<RasterImage>();
+  g.image->w = g.dw, g.image->h = g.dh;
+  g.image->argb.assign(size_t(g.dw) * g.dh, 0);
+  g.image->smooth = false;
+  Item it;
+  it.kind = ItemKind::Image;
+  it.image = g.image;
+  it.at = {0, 0};
+  it.end = {double(st.page.width), double(st.page.height)};
+  add_item(it);
+  g.count = 1;
+}
+
+Rect clip_rect() {
+  const SolidState &s = sol();
+  return s.clip == 0 ? page_rect() : user_clip();
+}
+
+// Sample coordinates and depth key (greater is nearer) of a box point; false behind the eye
+// or outside VCLP3D's depths.
+struct SP {
+  double x, y, z, q;  // q: weight for perspective-correct interpolation
+};
+
+bool to_sample(V3 p, SP &o) {
+  const MirvalState &st = mirval_state();
+  const DepthGroup &g = st.solid.group;
+  double pp[3] = {p.x, p.y, p.z};
+  double w = depth(cam(), pp);
+  if (st.space.near_clip > 0 && w < st.space.near_clip) return false;
+  if (st.space.far_clip > 0 && w > st.space.far_clip) return false;
+  Pt q = project(cam(), pp);
+  if (!std::isfinite(q.x) || !std::isfinite(q.y)) return false;
+  o.x = q.x * g.W / st.page.width;
+  o.y = q.y * g.H / st.page.height;
+  if (cam().ortho) {
+    o.z = -w, o.q = 1;
+  } else {
+    o.z = 1 / w, o.q = 1 / w;
+  }
+  return true;
+}
+
+struct ClipS {
+  int x0, y0, x1, y1;  // samples x0..x1-1
+};
+
+ClipS sample_clip() {
+  const MirvalState &st = mirval_state();
+  const DepthGroup &g = st.solid.group;
+  Rect r = clip_rect();
+  double kx = double(g.W) / st.page.width, ky = double(g.H) / st.page.height;
+  ClipS c{int(std::floor(r.x0 * kx)), int(std::floor(r.y0 * ky)), int(std::ceil(r.x1 * kx)), int(std::ceil(r.y1 * ky))};
+  c.x0 = std::max(0, c.x0), c.y0 = std::max(0, c.y0);
+  c.x1 = std::min(g.W, c.x1), c.y1 = std::min(g.H, c.y1);
+  return c;
+}
+
+void mark_dirty(DepthGroup &g, int x0, int y0, int x1, int y1) {
+  if (g.dx0 > g.dx1) {
+    g.dx0 = x0, g.dy0 = y0, g.dx1 = x1, g.dy1 = y1;
+  } else {
+    g.dx0 = std::min(g.dx0, x0), g.dy0 = std::min(g.dy0, y0);
+    g.dx1 = std::max(g.dx1, x1), g.dy1 = std::max(g.dy1, y1);
+  }
+}
+
+// Scan-converts a triangle: every sample centre inside it whose depth key is greater than the
+// stored one gets shade(l0, l1, l2) (screen-space barycentric weights).
+template <class F>
+void raster_triangle(const SP &a, const SP &b, const SP &c, double bias, F shadefn) {
+  DepthGroup &g = sol().group;
+  ClipS cl = sample_clip();
+  double area = (b.x - a.x) * (c.y - a.y) - (c.x - a.x) * (b.y - a.y);
+  if (!(std::fabs(area) > 1e-12)) return;
+  int x0 = std::max(cl.x0, int(std::floor(std::min({a.x, b.x, c.x}))));
+  int x1 = std::min(cl.x1 - 1, int(std::ceil(std::max({a.x, b.x, c.x}))));
+  int y0 = std::max(cl.y0, int(std::floor(std::min({a.y, b.y, c.y}))));
+  int y1 = std::min(cl.y1 - 1, int(std::ceil(std::max({a.y, b.y, c.y}))));
+  if (x0 > x1 || y0 > y1) return;
+  double inv = 1 / area;
+  bool any = false;
+  for (int y = y0; y <= y1; ++y) {
+    double py = y + 0.5;
+    for (int x = x0; x <= x1; ++x) {
+      double px = x + 0.5;
+      double l0 = ((b.x - px) * (c.y - py) - (c.x - px) * (b.y - py)) * inv;
+      double l1 = ((c.x - px) * (a.y - py) - (a.x - px) * (c.y - py)) * inv;
+      double l2 = 1 - l0 - l1;
+      if (l0 < 0 || l1 < 0 || l2 < 0) continue;
+      double z = l0 * a.z + l1 * b.z + l2 * c.z;
+      z += bias * std::fabs(z);
+      size_t k = size_t(y) * g.W + x;
+      if (!(z > g.depth[k])) continue;
+      g.depth[k] = float(z);
+      g.colour[k] = shadefn(l0, l1, l2);
+      any = true;
+    }
+  }
+  if (any) mark_dirty(g, x0, y0, x1 + 1, y1 + 1);
+}
+
+void downsample() {
+  MirvalState &st = mirval_state();
+  DepthGroup &g = st.solid.group;
+  if (g.dx0 > g.dx1) return;
+  int s = g.ss;
+  int px0 = g.dx0 / s, py0 = g.dy0 / s, px1 = std::min(g.dw, (g.dx1 + s - 1) / s), py1 = std::min(g.dh, (g.dy1 + s - 1) / s);
+  uint32_t n = uint32_t(s * s);
+  for (int py = py0; py < py1; ++py)
+    for (int px = px0; px < px1; ++px) {
+      uint32_t r = 0, gg = 0, b = 0, a = 0;
+      for (int sy = 0; sy < s; ++sy)
+        for (int sx = 0; sx < s; ++sx) {
+          uint32_t c = g.colour[size_t(py * s + sy) * g.W + px * s + sx];
+          if (!c) continue;
+          a += 255, r += (c >> 16) & 255, gg += (c >> 8) & 255, b += c & 255;
+        }
+      g.image->argb[size_t(py) * g.dw + px] = (a / n) << 24 | (r / n) << 16 | (gg / n) << 8 | (b / n);
+    }
+  g.dx0 = 1, g.dx1 = 0;
+  ++st.scene.changes;
+}
+
+// ---------------------------------------------------------------------------------------
+// Vector outputs: a BSP tree of the polygons, lines split and hung in its leaves.
+
+struct Poly {
+  std::vector<V3> v;
+  Rgb c;
+  V3 n;
+  double d;
+};
+
+struct Line {
+  V3 a, b;
+  Rgb c;
+  double width;
+};
+
+struct Node {
+  V3 n;
+  double d;
+  std::vector<int> polys;
+  int front = -1, back = -1;
+  std::vector<int> lines_front, lines_back;
+};
+
+const double EPS = 1e-7;
+
+bool plane_of(Poly &p) {
+  V3 n{0, 0, 0};
+  size_t k = p.v.size();
+  for (size_t i = 0; i < k; ++i) {  // Newell's normal
+    V3 a = p.v[i], b = p.v[(i + 1) % k];
+    n.x += (a.y - b.y) * (a.z + b.z);
+    n.y += (a.z - b.z) * (a.x + b.x);
+    n.z += (a.x - b.x) * (a.y + b.y);
+  }
+  double len = std::sqrt(dot(n, n));
+  if (!(len > 1e-14)) return false;
+  p.n = n * (1 / len);
+  p.d = -dot(p.n, p.v[0]);
+  return true;
+}
+
+// Splits polygon p by the plane into the parts in front and behind.
+void split(const Poly &p, V3 n, double d, Poly &f, Poly &b) {
+  f = b = p;
+  f.v.clear(), b.v.clear();
+  size_t k = p.v.size();
+  for (size_t i = 0; i < k; ++i) {
+    V3 a = p.v[i], c = p.v[(i + 1) % k];
+    double da = dot(n, a) + d, dc = dot(n, c) + d;
+    if (da >= -EPS) f.v.push_back(a);
+    if (da <= EPS) b.v.push_back(a);
+    if ((da > EPS && dc < -EPS) || (da < -EPS && dc > EPS)) {
+      V3 m = a + (c - a) * (da / (da - dc));
+      f.v.push_back(m), b.v.push_back(m);
+    }
+  }
+}
+
+struct Bsp {
+  std::vector<Poly> polys;
+  std::vector<Line> lines;
+  std::vector<Node> nodes;
+
+  void build(std::vector<int> all) {
+    if (all.empty()) return;
+    std::vector<std::pair<int, std::vector<int>>> work;
+    nodes.emplace_back();
+    work.push_back({0, std::move(all)});
+    while (!work.empty()) {
+      auto [id, list] = std::move(work.back());
+      work.pop_back();
+      const Poly &sp = polys[list[0]];
+      V3 n = sp.n;
+      double d = sp.d;
+      nodes[id].n = n, nodes[id].d = d;
+      nodes[id].polys.push_back(list[0]);
+      std::vector<int> fl, bl;
+      for (size_t i = 1; i < list.size(); ++i) {
+        int pi = list[i];
+        bool front = false, back = false;
+        for (const V3 &v : polys[pi].v) {
+          double dv = dot(n, v) + d;
+          front = front || dv > EPS;
+          back = back || dv < -EPS;
+        }
+        if (!front && !back) nodes[id].polys.push_back(pi);
+        else if (!back) fl.push_back(pi);
+        else if (!front) bl.push_back(pi);
+        else {
+          Poly f, b;
+          split(polys[pi], n, d, f, b);
+          if (f.v.size() >= 3) polys.push_back(f), fl.push_back(int(polys.size()) - 1);
+          if (b.v.size() >= 3) polys.push_back(b), bl.push_back(int(polys.size()) - 1);
+        }
+      }
+      if (!fl.empty()) {
+        nodes.emplace_back();
+        nodes[id].front = int(nodes.size()) - 1;
+        work.push_back({nodes[id].front, std::move(fl)});
+      }
+      if (!bl.empty()) {
+        nodes.emplace_back();
+        nodes[id].back = int(nodes.size()) - 1;
+        work.push_back({nodes[id].back, std::move(bl)});
+      }
+    }
+  }
+
+  double side_of_eye(const Node &nd) const {
+    if (cam().ortho) return -dot(nd.n, look());
+    return dot(nd.n, eye()) + nd.d;
+  }
+
+  void insert_line(int li) {
+    std::vector<std::pair<int, int>> work{{0, li}};
+    while (!work.empty()) {
+      auto [id, l] = work.back();
+      work.pop_back();
+      Node &nd = nodes[id];
+      double da = dot(nd.n, lines[l].a) + nd.d, db = dot(nd.n, lines[l].b) + nd.d;
+      bool eye_front = side_of_eye(nd) >= 0;
+      auto put = [&](int line, bool front) {
+        int child = front ? nd.front : nd.back;
+        if (child >= 0) work.push_back({child, line});
+        else (front ? nd.lines_front : nd.lines_back).push_back(line);
+      };
+      bool fa = da > EPS, ba = da < -EPS, fb = db > EPS, bb = db < -EPS;
+      if ((fa && bb) || (ba && fb)) {
+        V3 m = lines[l].a + (lines[l].b - lines[l].a) * (da / (da - db));
+        Line second = lines[l];
+        second.a = m;
+        lines[l].b = m;
+        lines.push_back(second);
+        int l2 = int(lines.size()) - 1;
+        put(l, fa);
+        put(l2, fb);
+      } else if (fa || fb) {
+        put(l, true);
+      } else if (ba || bb) {
+        put(l, false);
+      } else {
+        put(l, eye_front);  // on the plane: drawn over the polygon seen
+      }
+    }
+  }
+
+  // Back to front: calls poly(i) and line(i) in drawing order.
+  template <class P, class L>
+  void walk(P poly, L line) const {
+    if (nodes.empty()) {
+      for (size_t i = 0; i < lines.size(); ++i) line(int(i));
+      return;
+    }
+    // actions: node to expand (kind 0), polygons of a node (1), lines of a leaf side (2, 3)
+    std::vector<std::pair<int, int>> todo{{0, 0}};
+    while (!todo.empty()) {
+      auto [kind, id] = todo.back();
+      todo.pop_back();
+      const Node &nd = nodes[id];
+      if (kind == 1) {
+        for (int p : nd.polys) poly(p);
+        continue;
+      }
+      if (kind == 2) {
+        for (int l : nd.lines_front) line(l);
+        continue;
+      }
+      if (kind == 3) {
+        for (int l : nd.lines_back) line(l);
+        continue;
+      }
+      bool eye_front = side_of_eye(nd) >= 0;
+      auto far_side = [&](bool front) -> std::pair<int, int> {
+        int child = front ? nd.front : nd.back;
+        return child >= 0 ? std::pair<int, int>{0, child} : std::pair<int, int>{front ? 2 : 3, id};
+      };
+      // pushed in reverse: far side, the node's polygons, near side
+      todo.push_back(far_side(eye_front));
+      todo.push_back({1, id});
+      todo.push_back(far_side(!eye_front));
+    }
+  }
+};
+
+// The largest number of polygons ordered by the tree; beyond it they are sorted by depth.
+const size_t BSP_LIMIT = 20000;
+
+void rebuild_vector() {
+  MirvalState &st = mirval_state();
+  DepthGroup &g = st.solid.group;
+  Bsp t;
+  t.polys.reserve(g.tris.size());
+  for (const Tri3 &tr : g.tris) {
+    Poly p;
+    V3 c{0, 0, 0}, n{0, 0, 0};
+    float r = 0, gg = 0, b = 0;
+    for (const Vtx3 &v : tr.v) {
+      V3 q{v.p[0], v.p[1], v.p[2]};
+      p.v.push_back(q);
+      c = c + q * (1.0 / 3);
+      n = n + V3{v.n[0], v.n[1], v.n[2]};
+      r += v.c.r / 3, gg += v.c.g / 3, b += v.c.b / 3;
+    }
+    if (!plane_of(p)) continue;
+    if (dot(n, n) < 1e-20) n = p.n;
+    p.c = tr.lit ? shade(c, n, {r, gg, b}) : Rgb{r, gg, b};
+    t.polys.push_back(std::move(p));
+  }
+  for (const Seg3 &s : g.segs) t.lines.push_back({{s.a[0], s.a[1], s.a[2]}, {s.b[0], s.b[1], s.b[2]}, s.c, s.width});
+  std::vector<Item> items;
+  Rect clip = clip_rect();
+  auto page_pt = [&](V3 v, Pt &out) {
+    double p[3] = {v.x, v.y, v.z};
+    double w = depth(cam(), p);
+    if (st.space.near_clip > 0 && w < st.space.near_clip) return false;
+    if (st.space.far_clip > 0 && w > st.space.far_clip) return false;
+    out = project(cam(), p);
+    return std::isfinite(out.x) && std::isfinite(out.y);
+  };
+  auto emit_poly = [&](int i) {
+    const Poly &p = t.polys[i];
+    std::vector<Pt> q(p.v.size());
+    for (size_t k = 0; k < p.v.size(); ++k)
+      if (!page_pt(p.v[k], q[k])) return;
+    Path path = fit_path(closed_path(q), clip, true);
+    if (path.empty()) return;
+    Item it;
+    it.kind = ItemKind::Cell;
+    it.rgb = p.c;
+    it.path = std::move(path);
+    items.push_back(std::move(it));
+  };
+  auto emit_line = [&](int i) {
+    const Line &l = t.lines[i];
+    Pt a, b;
+    if (!page_pt(l.a, a) || !page_pt(l.b, b)) return;
+    Path path;
+    append_polyline(path, {a, b}, clip);
+    if (path.empty()) return;
+    Item it;
+    it.kind = ItemKind::Stroke;
+    it.rgb = l.c;
+    it.width = l.width;
+    it.cap = Cap::Round;
+    it.path = std::move(path);
+    items.push_back(std::move(it));
+  };
+  if (st.solid.hide && t.polys.size() <= BSP_LIMIT) {
+    std::vector<int> all(t.polys.size());
+    for (size_t i = 0; i < all.size(); ++i) all[i] = int(i);
+    t.build(all);
+    if (!t.nodes.empty())
+      for (size_t i = 0; i < t.lines.size(); ++i) t.insert_line(int(i));
+    t.walk(emit_poly, emit_line);
+  } else {
+    // depth order of centres, farthest first (or as drawn when NOHIDE is in force)
+    std::vector<std::pair<double, int>> order;  // index >= 0 polygon, < 0 line -(i+1)
+    auto w_of = [](V3 v) {
+      double p[3] = {v.x, v.y, v.z};
+      return depth(cam(), p);
+    };
+    for (size_t i = 0; i < t.polys.size(); ++i) {
+      V3 c{0, 0, 0};
+      for (V3 v : t.polys[i].v) c = c + v * (1.0 / t.polys[i].v.size());
+      order.push_back({st.solid.hide ? w_of(c) : 0, int(i)});
+    }
+    for (size_t i = 0; i < t.lines.size(); ++i)
+      order.push_back({st.solid.hide ? w_of((t.lines[i].a + t.lines[i].b) * 0.5) : 0, -int(i) - 1});
+    std::stable_sort(order.begin(), order.end(), [](auto &a, auto &b) { return a.first > b.first; });
+    for (auto [w, i] : order) i >= 0 ? emit_poly(i) : emit_line(-i - 1);
+  }
+  Page &pg = st.scene.pages[g.page];
+  pg.items.erase(pg.items.begin() + long(g.start), pg.items.begin() + long(g.start + g.count));
+  pg.items.insert(pg.items.begin() + long(g.start), std::make_move_iterator(items.begin()),
+                  std::make_move_iterator(items.end()));
+  g.count = items.size();
+  ++st.scene.changes;
+}
+
+bool dirty_vector = false;
+
+}  // namespace
+
+bool begin(const char *routine) {
+  if (!mv_level(routine, 3, 3)) return false;
+  if (!group_valid(sol().group)) new_group();
+  return true;
+}
+
+void end() {
+  DepthGroup &g = sol().group;
+  if (!g.active) return;
+  if (g.raster) downsample();
+  else if (dirty_vector) rebuild_vector();
+  dirty_vector = false;
+}
+
+void triangle(const Vtx3 &a, const Vtx3 &b, const Vtx3 &c, bool lit, float alpha) {
+  DepthGroup &g = sol().group;
+  if (!g.active) return;
+  for (const Vtx3 *v : {&a, &b, &c})
+    for (int k = 0; k < 3; ++k)
+      if (!std::isfinite(v->p[k])) return;
+  if (sol().ply_open && sol().ply.size() < 20000000) {
+    Tri3 t;
+    t.v[0] = a, t.v[1] = b, t.v[2] = c;
+    t.lit = lit;
+    sol().ply.push_back(t);
+  }
+  if (!g.raster) {
+    Tri3 t;
+    t.v[0] = a, t.v[1] = b, t.v[2] = c;
+    t.lit = lit, t.alpha = alpha;
+    g.tris.push_back(t);
+    dirty_vector = true;
+    return;
+  }
+  SP s[3];
+  const Vtx3 *v[3] = {&a, &b, &c};
+  for (int k = 0; k < 3; ++k)
+    if (!to_sample({v[k]->p[0], v[k]->p[1], v[k]->p[2]}, s[k])) return;
+  // whether the corners differ at all: flat triangles need no per-sample work
+  bool same = true;
+  for (int k = 1; k < 3 && same; ++k)
+    same = v[k]->c.r == a.c.r && v[k]->c.g == a.c.g && v[k]->c.b == a.c.b && v[k]->n[0] == a.n[0] &&
+           v[k]->n[1] == a.n[1] && v[k]->n[2] == a.n[2];
+  if (!lit) {
+    if (same) {
+      uint32_t col = pack(a.c);
+      raster_triangle(s[0], s[1], s[2], 0, [col](double, double, double) { return col; });
+      return;
+    }
+    raster_triangle(s[0], s[1], s[2], 0, [&](double l0, double l1, double l2) {
+      double w0 = l0 * s[0].q, w1 = l1 * s[1].q, w2 = l2 * s[2].q, sum = w0 + w1 + w2;
+      w0 /= sum, w1 /= sum, w2 /= sum;
+      return pack({float(w0 * a.c.r + w1 * b.c.r + w2 * c.c.r), float(w0 * a.c.g + w1 * b.c.g + w2 * c.c.g),
+                   float(w0 * a.c.b + w1 * b.c.b + w2 * c.c.b)});
+    });
+    return;
+  }
+  raster_triangle(s[0], s[1], s[2], 0, [&](double l0, double l1, double l2) {
+    double w0 = l0 * s[0].q, w1 = l1 * s[1].q, w2 = l2 * s[2].q, sum = w0 + w1 + w2;
+    w0 /= sum, w1 /= sum, w2 /= sum;
+    V3 p{w0 * a.p[0] + w1 * b.p[0] + w2 * c.p[0], w0 * a.p[1] + w1 * b.p[1] + w2 * c.p[1],
+         w0 * a.p[2] + w1 * b.p[2] + w2 * c.p[2]};
+    V3 n{w0 * a.n[0] + w1 * b.n[0] + w2 * c.n[0], w0 * a.n[1] + w1 * b.n[1] + w2 * c.n[1],
+         w0 * a.n[2] + w1 * b.n[2] + w2 * c.n[2]};
+    Rgb col = same ? a.c
+                   : Rgb{float(w0 * a.c.r + w1 * b.c.r + w2 * c.c.r), float(w0 * a.c.g + w1 * b.c.g + w2 * c.c.g),
+                         float(w0 * a.c.b + w1 * b.c.b + w2 * c.c.b)};
+    return pack(shade(p, n, col));
+  });
+}
+
+void segment(V3 a, V3 b, Rgb c, double width) {
+  DepthGroup &g = sol().group;
+  if (!g.active) return;
+  if (!std::isfinite(a.x + a.y + a.z + b.x + b.y + b.z)) return;
+  if (!g.raster) {
+    Seg3 s;
+    s.a[0] = a.x, s.a[1] = a.y, s.a[2] = a.z;
+    s.b[0] = b.x, s.b[1] = b.y, s.b[2] = b.z;
+    s.c = c, s.width = width;
+    g.segs.push_back(s);
+    dirty_vector = true;
+    return;
+  }
+  SP p, q;
+  if (!to_sample(a, p) || !to_sample(b, q)) return;
+  const MirvalState &st = mirval_state();
+  double k = double(g.W) / st.page.width;
+  double hw = std::max(0.5 * g.ss, width * k / 2);
+  double dx = q.x - p.x, dy = q.y - p.y, len = std::hypot(dx, dy);
+  double nx = len > 0 ? -dy / len * hw : hw, ny = len > 0 ? dx / len * hw : 0;
+  double ex = len > 0 ? dx / len * hw * 0.5 : 0, ey = len > 0 ? dy / len * hw * 0.5 : 0;
+  SP c0{p.x + nx - ex, p.y + ny - ey, p.z, 1}, c1{p.x - nx - ex, p.y - ny - ey, p.z, 1};
+  SP c2{q.x - nx + ex, q.y - ny + ey, q.z, 1}, c3{q.x + nx + ex, q.y + ny + ey, q.z, 1};
+  uint32_t col = pack(c);
+  auto fn = [col](double, double, double) { return col; };
+  raster_triangle(c0, c1, c2, 2e-3, fn);
+  raster_triangle(c0, c2, c3, 2e-3, fn);
+}
+
+void billboard(V3 p, const std::vector<Pt> &offsets, Rgb c) {
+  // polygon in the plane through p facing the viewer, scaled so that offsets are plot units
+  const Camera &cm = cam();
+  double pp[3] = {p.x, p.y, p.z};
+  double w = cm.ortho ? cm.dist : depth(cm, pp);
+  if (!(w > 0) || offsets.size() < 3) return;
+  double k = w / cm.focal;
+  V3 u{cm.u[0], cm.u[1], cm.u[2]}, v{cm.v[0], cm.v[1], cm.v[2]}, n = look() * -1;
+  auto at = [&](Pt o) {
+    Vtx3 x;
+    V3 q = p + u * (o.x * k) - v * (o.y * k);
+    x.p[0] = q.x, x.p[1] = q.y, x.p[2] = q.z;
+    x.n[0] = n.x, x.n[1] = n.y, x.n[2] = n.z;
+    x.c = c;
+    return x;
+  };
+  Vtx3 first = at(offsets[0]);
+  for (size_t i = 1; i + 1 < offsets.size(); ++i) triangle(first, at(offsets[i]), at(offsets[i + 1]), false);
+}
+
+void billboard_line(V3 p, const std::vector<Pt> &offsets, bool closed, Rgb c, double width) {
+  const Camera &cm = cam();
+  double pp[3] = {p.x, p.y, p.z};
+  double w = cm.ortho ? cm.dist : depth(cm, pp);
+  if (!(w > 0) || offsets.size() < 2) return;
+  double k = w / cm.focal;
+  V3 u{cm.u[0], cm.u[1], cm.u[2]}, v{cm.v[0], cm.v[1], cm.v[2]};
+  auto at = [&](Pt o) { return p + u * (o.x * k) - v * (o.y * k); };
+  for (size_t i = 0; i + 1 < offsets.size(); ++i) segment(at(offsets[i]), at(offsets[i + 1]), c, width);
+  if (closed) segment(at(offsets.back()), at(offsets[0]), c, width);
+}
+
+void erase_group() {
+  MirvalState &st = mirval_state();
+  DepthGroup &g = st.solid.group;
+  if (!group_valid(g)) return;
+  if (g.raster) {
+    std::fill(g.depth.begin(), g.depth.end(), -INFINITY);
+    std::fill(g.colour.begin(), g.colour.end(), 0u);
+    std::fill(g.image->argb.begin(), g.image->argb.end(), 0u);
+    ++st.scene.changes;
+  } else {
+    g.tris.clear(), g.segs.clear();
+    dirty_vector = true;
+    rebuild_vector();
+    dirty_vector = false;
+  }
+}
+
+void reset_depths() {
+  MirvalState &st = mirval_state();
+  DepthGroup &g = st.solid.group;
+  if (!group_valid(g)) return;
+  if (g.raster) {
+    std::fill(g.depth.begin(), g.depth.end(), -INFINITY);
+  } else {
+    // what was drawn stays as it is; later primitives go over it
+    g = DepthGroup();
+  }
+}
+
+}  // namespace s3

@@ -1,0 +1,306 @@
+// Maps: cutting at the seam and the region, positions against PROJ's command-line tool, the
+// shoreline segments against ncdump, and pictures of filled land.
+#include "library_test.h"
+#include "axes/scaling.h"
+#include "core/state.h"
+#include "maps/geometry.h"
+#include "maps/maps.h"
+#include "maps/projection.h"
+#include "mirval.h"
+
+#include <cmath>
+#include <cstdio>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+class MapTest : public LibraryTest {};
+
+std::string run(const std::string &cmd) {
+  std::string out;
+  FILE *p = popen(cmd.c_str(), "r");
+  if (!p) return out;
+  char buf[4096];
+  size_t n;
+  while ((n = fread(buf, 1, sizeof buf, p)) > 0) out.append(buf, n);
+  pclose(p);
+  return out;
+}
+
+// Projected metres of points by PROJ's own 'proj' program.
+std::vector<std::pair<double, double>> proj_cli(const std::string &def, const std::vector<LL> &pts) {
+  {
+    std::ofstream f("points.txt");
+    for (LL p : pts) f << p.lon << " " << p.lat << "\n";
+  }
+  std::istringstream in(run("proj -f %.6f " + def + " < points.txt"));
+  std::vector<std::pair<double, double>> out;
+  double x, y;
+  while (in >> x >> y) out.push_back({x, y});
+  return out;
+}
+
+void open_page() {
+  metafl("SVG");
+  setfil("map.svg");
+  errmod("ALL", "OFF");
+  mirini();
+}
+
+// Our page position of every point against the same points placed from PROJ's numbers: the
+// extent and placement follow from PROJ's corners, so a difference means a wrong projection.
+void expect_positions(const std::string &def, const std::vector<LL> &pts, const std::vector<LL> &extent_pts,
+                      double lon0) {
+  std::vector<LL> shifted = pts;
+  std::vector<LL> ext = extent_pts;
+  for (LL &p : shifted) p.lon -= lon0;
+  for (LL &p : ext) p.lon -= lon0;
+  auto got = proj_cli(def, shifted), ex = proj_cli(def, ext);
+  ASSERT_EQ(got.size(), pts.size());
+  ASSERT_EQ(ex.size(), extent_pts.size());
+  double x0 = 1e300, x1 = -1e300, y0 = 1e300, y1 = -1e300;
+  for (auto &e : ex) x0 = std::min(x0, e.first), x1 = std::max(x1, e.first), y0 = std::min(y0, e.second), y1 = std::max(y1, e.second);
+  const AxesState &ax = mirval_state().axes;
+  // the map sits centred in the axis rectangle 450..2650 x 600..1800
+  double s = std::min(2200 / (x1 - x0), 1200 / (y1 - y0));
+  double bx0 = 1550 - (x1 - x0) * s / 2, by1 = 1200 + (y1 - y0) * s / 2;
+  EXPECT_NEAR(ax.box.x0, bx0, 1.0);
+  EXPECT_NEAR(ax.box.y1, by1, 1.0);
+  for (size_t i = 0; i < pts.size(); ++i) {
+    Pt q = page_point(pts[i].lon, pts[i].lat);
+    EXPECT_NEAR(q.x, bx0 + (got[i].first - x0) * s, 1.0) << "point " << i;
+    EXPECT_NEAR(q.y, by1 - (got[i].second - y0) * s, 1.0) << "point " << i;
+    // the position functions give the same plot coordinates
+    float px, py;
+    pos2pt(pts[i].lon, pts[i].lat, &px, &py);
+    if (def.find("merc") != std::string::npos) {  // exact through x and y alone on cylinders
+      EXPECT_NEAR(px, q.x, 1.0);
+      EXPECT_NEAR(py, q.y, 1.0);
+    }
+  }
+}
+
+const std::vector<LL> cities = {{2.35, 48.86}, {-74.0, 40.71}, {139.69, 35.69}, {151.21, -33.87},
+                                {-58.38, -34.60}, {37.62, 55.76}, {-0.13, 51.51}, {18.42, -33.92}};
+
+}  // namespace
+
+TEST(MapGeometry, LinesAreCutAtTheSeam) {
+  Region r;
+  std::vector<LLine> pieces = cut_line({{170, 10}, {-170, 20}}, r);
+  ASSERT_EQ(pieces.size(), 2u);
+  EXPECT_DOUBLE_EQ(pieces[0].back().lon, 180);
+  EXPECT_NEAR(pieces[0].back().lat, 15, 1e-9);
+  EXPECT_DOUBLE_EQ(pieces[1].front().lon, -180);
+  EXPECT_NEAR(pieces[1].front().lat, 15, 1e-9);
+}
+
+TEST(MapGeometry, PolygonAcrossTheDatelineBecomesTwoClosedParts) {
+  Region r;
+  std::vector<LLine> parts = cut_polygon({{170, -10}, {-170, -10}, {-170, 10}, {170, 10}}, r, 5);
+  ASSERT_EQ(parts.size(), 2u);
+  for (const LLine &p : parts) {
+    double lo = 1e9, hi = -1e9;
+    for (LL q : p) lo = std::min(lo, q.lon), hi = std::max(hi, q.lon);
+    EXPECT_NEAR(hi - lo, 10, 1e-9);  // each half is 10 degrees wide, never 340
+    EXPECT_GE(lo, -180);
+    EXPECT_LE(hi, 180);
+  }
+}
+
+TEST(MapGeometry, PolygonAroundThePoleIsClosedOverIt) {
+  Region r;
+  LLine ring;
+  for (int lon = -180; lon < 180; lon += 10) ring.push_back({double(lon), -70});
+  std::vector<LLine> parts = cut_polygon(ring, r, 5);
+  ASSERT_EQ(parts.size(), 1u);
+  double lowest = 0;
+  for (LL q : parts[0]) lowest = std::min(lowest, q.lat);
+  EXPECT_DOUBLE_EQ(lowest, -90);
+}
+
+TEST(MapGeometry, CapKeepsTheNearSide) {
+  Region r;
+  r.cap = true, r.lon0 = 0, r.lat0 = 0, r.cap_deg = 90;
+  std::vector<LLine> pieces = cut_line({{0, 0}, {60, 0}, {120, 0}, {180, 0}}, r);
+  ASSERT_EQ(pieces.size(), 1u);
+  EXPECT_NEAR(pieces[0].back().lon, 90, 1e-6);
+}
+
+TEST(MapGeometry, GreatCircleRunsOverThePoleRegion) {
+  LLine g = great_circle({0, 60}, {180, 60}, 1);
+  double top = 0;
+  for (LL p : g) top = std::max(top, p.lat);
+  EXPECT_NEAR(top, 90, 1.0);
+  EXPECT_NEAR(angular_distance({0, 0}, {90, 0}), 90, 1e-9);
+}
+
+TEST_F(MapTest, RobinsonPositionsAgreeWithProj) {
+  open_page();
+  projct("ROBI");
+  grafmp(-180, 180, -180, 60, -90, 90, -90, 30);
+  expect_positions("+proj=robin +R=6371000 +lon_0=0", cities, {{-180, 0}, {180, 0}, {0, -90}, {0, 90}}, 0);
+  mirfin();
+}
+
+TEST_F(MapTest, MercatorEuropePositionsAgreeWithProj) {
+  open_page();
+  projct("MERC");
+  grafmp(-20, 40, -20, 10, 35, 70, 35, 5);
+  expect_positions("+proj=merc +R=6371000 +lon_0=0", {{2.35, 48.86}, {-0.13, 51.51}, {13.40, 52.52}, {-20, 35}, {40, 70}},
+                   {{-20, 35}, {40, 70}}, 10);
+  mirfin();
+}
+
+TEST_F(MapTest, LambertConicPositionsAgreeWithProj) {
+  open_page();
+  projct("LAMB");
+  mapref(40, 60);
+  grafmp(-20, 40, -20, 10, 35, 70, 35, 5);
+  std::vector<LL> ext;
+  for (int i = 0; i <= 90; ++i)
+    for (int j = 0; j <= 45; ++j) ext.push_back({-20 + 60.0 * i / 90, 35 + 35.0 * j / 45});
+  expect_positions("+proj=lcc +R=6371000 +lat_1=40 +lat_2=60 +lat_0=52.5 +lon_0=0",
+                   {{2.35, 48.86}, {13.40, 52.52}, {30.52, 50.45}}, ext, 10);
+  mirfin();
+}
+
+TEST_F(MapTest, PolarStereographicPositionsAgreeWithProj) {
+  open_page();
+  projct("STER");
+  grafmp(-180, 180, -180, 30, 50, 90, 50, 10);
+  // the map is the disc down to 50 degrees north
+  expect_positions("+proj=stere +R=6371000 +lat_0=90 +lon_0=0 +lat_ts=90", {{-21.9, 64.1}, {10.75, 59.91}, {-150, 70}, {0, 90}},
+                   {{90, 50}, {-90, 50}, {0, 50}, {180, 50}}, 0);
+  mirfin();
+}
+
+TEST_F(MapTest, WorldDrawsEverySegmentOfTheShorelineFile) {
+  const char *file = "/usr/share/gmt-gshhg/binned_GSHHS_c.nc";
+  if (!file_exists(file)) GTEST_SKIP() << "gmt-gshhg-low not installed";
+  // ncdump's own reading: segments that are not the alternative Antarctic line
+  std::string flags = run(std::string("ncdump -v Embedded_ANT_flag ") + file);
+  flags = flags.substr(flags.find("Embedded_ANT_flag =") + 19);
+  int zeros = 0;
+  std::istringstream in(flags);
+  std::string tok;
+  while (std::getline(in, tok, ',')) {
+    std::istringstream t(tok);
+    int v;
+    if (t >> v && v == 0) ++zeros;
+  }
+  std::string total = run(std::string("ncdump -v N_segments_in_file ") + file);
+  ASSERT_NE(total.find("N_segments_in_file = 2258"), std::string::npos);
+  open_page();
+  mapopt("CRUDE", "RESOLUTION");
+  projct("CYLI");
+  grafmp(-180, 180, -180, 60, -90, 90, -90, 30);
+  world();
+  EXPECT_EQ(map_world_segments(), zeros);
+  EXPECT_GT(zeros, 2000);
+  mirfin();
+}
+
+TEST_F(MapTest, FilledLandIsWhereTheContinentsAre) {
+  metafl("PNG");
+  setfil("land.png");
+  errmod("ALL", "OFF");
+  mirini();
+  projct("ROBI");
+  grafmp(-180, 180, -180, 60, -90, 90, -90, 30);
+  color("GREEN");
+  shdmap("LAND");
+  color("FORE");
+  world();
+  double px, py;
+  ASSERT_TRUE(map_user_point(20, 5, px, py));  // central Africa
+  Pt africa{px, py};
+  ASSERT_TRUE(map_user_point(-140, 0, px, py));  // the Pacific
+  Pt pacific{px, py};
+  ASSERT_TRUE(map_user_point(-100, 40, px, py));  // North America
+  Pt america{px, py};
+  ASSERT_TRUE(map_user_point(-30, -20, px, py));  // South Atlantic
+  Pt atlantic{px, py};
+  mirfin();
+  Picture pic = read_png("land.png");
+  ASSERT_GT(pic.w, 0);
+  auto at = [&](Pt p) { return pic.at(static_cast<int>(p.x * pic.w / 2970), static_cast<int>(p.y * pic.h / 2100)); };
+  for (Pt land : {africa, america}) {
+    Pixel c = at(land);
+    EXPECT_TRUE(c.g > 150 && c.r < 100 && c.b < 100) << c.r << " " << c.g << " " << c.b;
+  }
+  for (Pt sea : {pacific, atlantic}) {
+    Pixel c = at(sea);
+    EXPECT_TRUE(c.r > 200 && c.g > 200 && c.b > 200) << c.r << " " << c.g << " " << c.b;
+  }
+}
+
+TEST_F(MapTest, PolygonAcrossTheDatelineLeavesNoStreak) {
+  {
+    std::ofstream f("square.txt");
+    f << "# lon lat\n170 -20\n-170 -20\n-170 20\n170 20\n";
+  }
+  metafl("PNG");
+  setfil("streak.png");
+  errmod("ALL", "OFF");
+  mirini();
+  projct("MOLL");
+  grafmp(-180, 180, -180, 60, -90, 90, -90, 30);
+  mapfil("square.txt", "FILL");
+  color("RED");
+  world();
+  double px, py;
+  map_user_point(0, 0, px, py);
+  Pt centre{px, py};
+  map_user_point(176, 0, px, py);
+  Pt east{px, py};
+  map_user_point(-176, 0, px, py);
+  Pt west{px, py};
+  map_user_point(90, 10, px, py);
+  Pt between{px, py};
+  mirfin();
+  Picture pic = read_png("streak.png");
+  ASSERT_GT(pic.w, 0);
+  auto at = [&](Pt p) { return pic.at(static_cast<int>(p.x * pic.w / 2970), static_cast<int>(p.y * pic.h / 2100)); };
+  for (Pt in : {east, west}) EXPECT_GT(at(in).r - at(in).g, 150);
+  for (Pt out : {centre, between}) EXPECT_GT(at(out).g, 200);
+}
+
+TEST_F(MapTest, BadArgumentsAreRefused) {
+  open_page();
+  projct("NOPE");
+  EXPECT_EQ(mirval_state().map.proj, "CYLI");
+  grafmp(0, 0, 0, 10, 0, 10, 0, 10);
+  EXPECT_EQ(getlev(), 1);
+  grafmp(-10, 10, -10, 10, -100, 10, 0, 10);
+  EXPECT_EQ(getlev(), 1);
+  grafmp(NAN, 10, -10, 10, 0, 10, 0, 10);
+  EXPECT_EQ(getlev(), 1);
+  world();  // no map: a warning only
+  grafmp(-10, 10, -10, 10, 0, 10, 0, 10);
+  EXPECT_EQ(getlev(), 2);
+  float x[2] = {0, NAN}, y[2] = {0, 5};
+  curvmp(x, y, 0);
+  curvmp(x, y, 2);
+  int a[1] = {999}, b[1] = {16}, c[1] = {3};
+  shdeur(a, b, c, 1);
+  shdeur(a, b, c, -1);
+  gridmp(0, 1);
+  mpaepl(-5);
+  mapimg("missing.png", -10, 10, 0, 10, 0, 0);
+  mirfin();
+  EXPECT_GT(read_file("map.svg").size(), 100u);
+}
+
+TEST_F(MapTest, ResetRestoresTheMapSettings) {
+  projct("ORTH");
+  mapsph(1000);
+  mapopt("ON", "RIVERS");
+  reset("ALL");
+  EXPECT_EQ(mirval_state().map.proj, "CYLI");
+  EXPECT_EQ(mirval_state().map.radius, 6371000);
+  EXPECT_FALSE(mirval_state().map.rivers);
+}

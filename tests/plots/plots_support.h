@@ -1,0 +1,19 @@
+// Helpers of the chart tests: a page written to a file, the items of the page, and pictures
+// kept for a person to look at (MIRVAL_PLOTS_KEEP=dir).
+#pragma once
+#include "library_test.h"
+#include "core/state.h"
+
+#include <string>
+#include <vector>
+
+class PlotsTest : public LibraryTest {
+ protected:
+  // Opens a page writing the given file (format from its extension).
+  void open(const std::string &file);
+  // Writes the file now and returns its bytes.
+  std::string finish();
+  std::vector<const Item *> items(ItemKind kind) const;
+  std::vector<std::string> texts() const;
+  std::string file_;
+};
