@@ -29,8 +29,10 @@ bool ready(const char *routine, const char *cbuf) {
 
 std::string line_text(const char *cbuf, int i) {
   const LegendState &lg = mirval_state().legend;
-  std::string t(cbuf + size_t(i) * lg.chars, size_t(lg.chars));
-  t.resize(std::strlen(t.c_str()));
+  // the buffer ends at its terminator, which may come before the lines LEGINI promised
+  size_t from = size_t(i) * lg.chars, end = strnlen(cbuf, from + size_t(lg.chars));
+  if (end <= from) return "";
+  std::string t(cbuf + from, end - from);
   t.erase(t.find_last_not_of(' ') + 1);
   return t;
 }
