@@ -1,4 +1,4 @@
-// What the field routines share: arrow shapes, colours of values, labelled level lines,
+// What the field routines share: arrow shapes, colours of values,
 // argument checks and the RESET entries of the field settings.
 #include "axes/axes.h"
 #include "axes/scaling.h"
@@ -129,7 +129,7 @@ void arrow_geometry(Pt a, Pt b, const ArrowForm &f, double head, double angle, P
   if (at_start) head_at(a, -dx, -dy, f, head, angle, lines, fills, clip);
 }
 
-// ---- colours and labelled lines ----------------------------------------------------------
+// ---- colours of values ----------------------------------------------------------
 
 int value_colour(double z, double lo, double hi) {
   const GridState &g = mirval_state().grid;
@@ -139,63 +139,6 @@ int value_colour(double z, double lo, double hi) {
   double t = hi > lo ? (z - lo) / (hi - lo) : 0.5;
   t = std::clamp(t, 0.0, 1.0);
   return g.colour_lo + static_cast<int>(std::lround(t * span));
-}
-
-namespace {
-
-AxisLabel label_of(double level) {
-  const MirvalState &st = mirval_state();
-  if (!st.grid.label_text.empty()) return {level, st.grid.label_text, ""};
-  auto it = st.axes.other_labels.find("CONTOUR");
-  if (it == st.axes.other_labels.end() || it->second == LabelType::None) return {level, "", ""};
-  AxisSettings s = st.axes.axis[2];
-  s.labels = it->second;
-  if (s.digits < 0 && level != 0)
-    s.digits = std::min(needed_digits({level}),
-                        std::max(0, 2 - static_cast<int>(std::floor(std::log10(std::fabs(level))))));
-  AxisRange r;
-  r.a = r.e = r.org = level;
-  std::vector<AxisLabel> l = axis_labels(s, r);
-  return l.empty() ? AxisLabel{level, "", ""} : l[0];
-}
-
-}  // namespace
-
-void draw_contour_lines(const std::vector<std::vector<Pt>> &lines, double level) {
-  const MirvalState &st = mirval_state();
-  const GridState &g = st.grid;
-  Rect clip = user_clip();
-  AxisLabel label = label_of(level);
-  const std::string &text = label.text;
-  double h = st.text.height, width = text.empty() ? 0 : text_length(text, label.sup, h) + 2 * g.label_gap * h;
-  Path path;
-  for (const std::vector<Pt> &user_line : lines) {
-    std::vector<Pt> page;
-    page.reserve(user_line.size());
-    for (Pt p : user_line) page.push_back({page_x(p.x), page_y_user(p.y)});
-    std::vector<Pt> line = simplify(page, POLYLINE_TOLERANCE);
-    double length = 0;
-    for (size_t k = 1; k < line.size(); ++k) length += std::hypot(line[k].x - line[k - 1].x, line[k].y - line[k - 1].y);
-    if (text.empty() || length < g.label_least * width) {
-      append_polyline(path, line, clip);
-      continue;
-    }
-    int n = std::max(1, static_cast<int>(length / (g.label_every * width)));
-    std::vector<std::pair<double, double>> gaps;
-    Rect room{clip.x0 + h, clip.y0 + h, clip.x1 - h, clip.y1 - h};
-    for (int k = 0; k < n; ++k) {
-      double s = (k + 0.5) * length / n;
-      Pt a = point_at(line, s - width / 2), b = point_at(line, s + width / 2), c = point_at(line, s);
-      if (std::hypot(b.x - a.x, b.y - a.y) < 0.8 * width || !inside(a, room) || !inside(b, room)) continue;
-      double angle = std::atan2(a.y - b.y, b.x - a.x) * 180 / M_PI;
-      if (angle > 90) angle -= 180;
-      if (angle <= -90) angle += 180;
-      put_text(text, label.sup, c, h, angle, Just::Center, VAlign::Middle, pen_rgb());
-      gaps.push_back({s - width / 2, s + width / 2});
-    }
-    for (const std::vector<Pt> &piece : cut_gaps(line, gaps)) append_polyline(path, piece, clip);
-  }
-  stroke_path(path);
 }
 
 // ---- checks ------------------------------------------------------------------------------

@@ -125,9 +125,6 @@ std::vector<float> resample(const float *z, int nx, int ny, int nx2, int ny2);
 // Table colour of value z among [lo, hi]: the Z axis of GRAF3 when there is one, otherwise
 // spread over the COLRAN entries.
 int value_colour(double z, double lo, double hi);
-// Draws a level line (polylines in user coordinates) in the pen, with contour labels as
-// CONTUR writes them.
-void draw_contour_lines(const std::vector<std::vector<Pt>> &lines, double level);
 // Checks an array argument and a count; warns naming the routine.
 bool arrays_ok(const char *routine, int n, int least, std::initializer_list<const void *> arrays);
 bool finite_all(const float *a, int n);

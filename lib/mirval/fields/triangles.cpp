@@ -521,7 +521,7 @@ void contri(const float *xray, const float *yray, const float *zray, int n, cons
     mv_warn("contri", "the level %g is not a number", (double)zlev);
     return;
   }
-  draw_contour_lines(tri_contours(xray, yray, zray, tri, zlev), zlev);
+  draw_level(tri_contours(xray, yray, zray, tri, zlev), zlev);
 }
 
 void tripts(const float *xray, const float *yray, const float *zray, int n, const int *i1ray, const int *i2ray,
@@ -678,7 +678,7 @@ void concrv(const float *xray, const float *yray, int n, float zlev) {
     if (std::isfinite(xray[k]) && std::isfinite(yray[k])) lines.back().push_back({xray[k], yray[k]});
     else if (!lines.back().empty()) lines.emplace_back();
   }
-  draw_contour_lines(lines, zlev);
+  draw_level(lines, zlev);
 }
 
 void contur2(const float *xmat, const float *ymat, const float *zmat, int nx, int ny, float zlev) {
@@ -693,7 +693,7 @@ void contur2(const float *xmat, const float *ymat, const float *zmat, int nx, in
   Curvilinear cv{xmat, ymat, nx, ny};
   std::vector<std::vector<Pt>> lines;
   for (const auto &l : contour_lines({ix.data(), nx, iy.data(), ny, zmat}, zlev)) lines.push_back(cv.map_line(l, false));
-  draw_contour_lines(lines, zlev);
+  draw_level(lines, zlev);
 }
 
 void conshd2(const float *xmat, const float *ymat, const float *zmat, int nx, int ny, const float *zlev, int nlev) {

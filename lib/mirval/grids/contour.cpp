@@ -298,9 +298,11 @@ std::vector<Pt> to_page(const std::vector<Pt> &line) {
 }
 
 
+}  // namespace
+
 // The text on the lines of a level (and its raised exponent), or an empty text when
 // LABELS(..., 'CONTOUR') asks for none.
-AxisLabel level_text(double level) {
+static AxisLabel level_text(double level) {
   const MirvalState &st = mirval_state();
   if (!st.grid.label_text.empty()) return {level, st.grid.label_text, ""};
   auto it = st.axes.other_labels.find("CONTOUR");
@@ -372,6 +374,8 @@ void draw_level(const std::vector<std::vector<Pt>> &lines, double level) {
   }
   stroke_path(path);
 }
+
+namespace {
 
 void contour_at(const char *routine, const GridData &g, float zlev) {
   if (!mv_level(routine, 2, 2) || !grid_ok(routine, g)) return;

@@ -39,3 +39,8 @@ std::array<Pt, 4> label_corners(Pt c, double w, double h, double angle);
 bool quads_overlap(const std::array<Pt, 4> &a, const std::array<Pt, 4> &b);
 // Area of a polygon (positive when counter-clockwise in a y-up system).
 double polygon_area(const std::vector<Pt> &poly);
+
+// Draws the lines of one level (grid coordinates) in the pen's style, labelled along them
+// with the level's text where they are long enough; labels never overlap those already on
+// the page.
+void draw_level(const std::vector<std::vector<Pt>> &lines, double level);
