@@ -1,10 +1,14 @@
 #!/usr/bin/env bash
 # Runs one gallery script in a fresh temporary directory and checks what it leaves behind:
 # exit status 0, no interpreter message (" >>>>") on standard output, and the PNG file that
-# its output names: present, a PNG by its signature, and WIDTH x HEIGHT pixels by its header.
-# Usage: check-picture.sh MIRZKL SCRIPT.zkl [WIDTH HEIGHT]
+# its output names: present, a PNG by its signature, and of the library's default raster size
+# by its header. Where the gallery shows that picture, the new one must match it in where the
+# ink is (INK_COMPARE, within two pixels, at most 3% apart), so the gallery stays true and a
+# lost curve or a moved axis is noticed.
+# Usage: check-picture.sh MIRZKL SCRIPT.zkl [INK_COMPARE GALLERY_DIR]
 set -u
-exe=$(realpath "$1") script=$(realpath "$2") want_w=${3:-1188} want_h=${4:-840}
+exe=$(realpath "$1") script=$(realpath "$2") want_w=1188 want_h=840
+compare=${3:+$(realpath "$3")} gallery=${4:+$(realpath "$4")}
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cp "$script" "$work/"
@@ -35,6 +39,11 @@ else
     awk '{ for (i = 1; i <= NF; i++) b[++n] = $i }
          END { print ((b[1]*256 + b[2])*256 + b[3])*256 + b[4], ((b[5]*256 + b[6])*256 + b[7])*256 + b[8] }')
   [ "$w" = "$want_w" ] && [ "$h" = "$want_h" ] || fail "$png is $w x $h pixels, expected $want_w x $want_h"
+  if [ -n "$compare" ] && [ -f "$gallery/$png" ]; then
+    apart=$("$compare" "$png" "$gallery/$png" 2)
+    awk -v a="$apart" 'BEGIN { exit !(a + 0 <= 0.03) }' ||
+      fail "$png differs from the gallery's picture: $apart of the ink has no match within 2 pixels"
+  fi
 fi
 if [ $status -ne 0 ]; then
   echo "standard output:"; head -20 out.txt

@@ -20,8 +20,3 @@ bool has_line(const std::vector<SvgStroke> &strokes, double x0, double y0, doubl
 
 // Texts of the current page, in drawing order.
 std::vector<std::string> page_texts();
-
-// Compares two RGB pictures of the same size by their ink (pixels darker or more coloured
-// than the paper): returns the share of ink pixels of either picture that have no ink
-// pixel of the other within 'radius' pixels.
-double ink_mismatch(const std::string &png_a, const std::string &png_b, int radius);

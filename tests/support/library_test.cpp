@@ -1,11 +1,7 @@
 #include "library_test.h"
 #include "mirval.h"
 
-#include <cairo.h>
-
-#include <cstdint>
 #include <cstdlib>
-#include <cstring>
 #include <fstream>
 #include <sstream>
 #include <sys/stat.h>
@@ -48,21 +44,3 @@ int count(const std::string &text, const std::string &what) {
   return n;
 }
 
-Picture read_png(const std::string &name) {
-  Picture p;
-  cairo_surface_t *s = cairo_image_surface_create_from_png(name.c_str());
-  if (cairo_surface_status(s) == CAIRO_STATUS_SUCCESS) {
-    p.w = cairo_image_surface_get_width(s);
-    p.h = cairo_image_surface_get_height(s);
-    int stride = cairo_image_surface_get_stride(s);
-    const unsigned char *data = cairo_image_surface_get_data(s);
-    for (int y = 0; y < p.h; ++y)
-      for (int x = 0; x < p.w; ++x) {
-        uint32_t v;
-        std::memcpy(&v, data + y * stride + 4 * x, 4);
-        p.px.push_back({int((v >> 16) & 255), int((v >> 8) & 255), int(v & 255)});
-      }
-  }
-  cairo_surface_destroy(s);
-  return p;
-}
