@@ -3,6 +3,7 @@
 // paraboloid are circles, fits and splines meet exact values, clipped polygons keep the
 // right areas, coordinate transformations come back exactly.
 #include "fields/fields.h"
+#include "grids/contour.h"
 #include "library_test.h"
 #include "mirval.h"
 
@@ -175,9 +176,9 @@ TEST(ScatteredContours, BandsOfATriangleCoverItsArea) {
   Pt p[3] = {{0, 0}, {1, 0}, {0, 1}};
   double z[3] = {0, 1, 1};
   double total = 0;
-  for (double lo : {0.0, 0.25, 0.5, 0.75}) total += std::fabs(area_of(tri_band(p, z, lo, lo + 0.25)));
+  for (double lo : {0.0, 0.25, 0.5, 0.75}) total += std::fabs(polygon_area(tri_band(p, z, lo, lo + 0.25)));
   EXPECT_NEAR(total, 0.5, 1e-12);
-  EXPECT_NEAR(std::fabs(area_of(tri_band(p, z, 0.5, 1))), 0.5 * 0.75, 1e-12);  // the part z >= 0.5
+  EXPECT_NEAR(std::fabs(polygon_area(tri_band(p, z, 0.5, 1))), 0.5 * 0.75, 1e-12);  // the part z >= 0.5
   EXPECT_TRUE(tri_band(p, z, 2, 3).empty());
 }
 
@@ -269,24 +270,24 @@ TEST(Fits, BezierCurve) {
 
 TEST(Clipping, ClippedAreas) {
   std::vector<Pt> square{{0, 0}, {4, 0}, {4, 4}, {0, 4}};
-  EXPECT_DOUBLE_EQ(area_of(clip_half(square, 0, 1)), 12);
-  EXPECT_DOUBLE_EQ(area_of(clip_half(square, 1, 1)), 4);
-  EXPECT_DOUBLE_EQ(area_of(clip_half(square, 2, 3)), 4);
-  EXPECT_DOUBLE_EQ(area_of(clip_half(square, 3, 3)), 12);
+  EXPECT_DOUBLE_EQ(polygon_area(clip_half(square, 0, 1)), 12);
+  EXPECT_DOUBLE_EQ(polygon_area(clip_half(square, 1, 1)), 4);
+  EXPECT_DOUBLE_EQ(polygon_area(clip_half(square, 2, 3)), 4);
+  EXPECT_DOUBLE_EQ(polygon_area(clip_half(square, 3, 3)), 12);
   EXPECT_TRUE(clip_half(square, 0, 5).empty());
   // a triangle cut through its middle keeps a quarter of its area above the cut
   std::vector<Pt> tri{{0, 0}, {2, 0}, {1, 2}};
-  EXPECT_DOUBLE_EQ(area_of(clip_half(tri, 2, 1)), 0.5);
+  EXPECT_DOUBLE_EQ(polygon_area(clip_half(tri, 2, 1)), 0.5);
   // a square cut by a diamond inscribed in it: half remains
   std::vector<Pt> diamond{{2, 0}, {4, 2}, {2, 4}, {0, 2}};
-  EXPECT_NEAR(area_of(clip_convex(square, diamond)), 8, 1e-12);
+  EXPECT_NEAR(polygon_area(clip_convex(square, diamond)), 8, 1e-12);
   // the library routine, a rectangle from four edges
   std::vector<float> x{-1, 3, 3, -1}, y{-1, -1, 3, 3}, xo(16), yo(16);
   int n = 0;
   polclp(x.data(), y.data(), 4, xo.data(), yo.data(), 16, &n, 0.5f, "LEFT");
   std::vector<Pt> out;
   for (int k = 0; k < n; ++k) out.push_back({xo[k], yo[k]});
-  EXPECT_DOUBLE_EQ(area_of(out), 2.5 * 4);
+  EXPECT_DOUBLE_EQ(polygon_area(out), 2.5 * 4);
 }
 
 TEST(Transformations, RoundTripsAreExactToRounding) {

@@ -110,7 +110,6 @@ std::vector<Pt> bezier_curve(const float *x, const float *y, int n, int m);
 std::vector<Pt> clip_half(const std::vector<Pt> &poly, int edge, double v);
 // A polygon cut to a convex polygon (counter-clockwise or clockwise).
 std::vector<Pt> clip_convex(const std::vector<Pt> &poly, const std::vector<Pt> &window);
-double area_of(const std::vector<Pt> &poly);
 
 // ---- transformations ---------------------------------------------------------------------
 // Coordinate systems of TRFCO2/TRFCO3: 0 rectangular, 1 polar (2-D) / cylindrical (3-D),

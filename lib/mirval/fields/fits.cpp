@@ -9,6 +9,7 @@
 #include "draw/draw.h"
 #include "draw/markers.h"
 #include "fields/fields.h"
+#include "grids/contour.h"
 #include "mirval.h"
 
 #include <gsl/gsl_errno.h>
@@ -117,7 +118,7 @@ std::vector<Pt> clip_half(const std::vector<Pt> &poly, int edge, double v) {
 std::vector<Pt> clip_convex(const std::vector<Pt> &poly, const std::vector<Pt> &window) {
   std::vector<Pt> out = poly;
   size_t m = window.size();
-  double orient = area_of(window) >= 0 ? 1 : -1;
+  double orient = polygon_area(window) >= 0 ? 1 : -1;
   for (size_t e = 0; e < m && !out.empty(); ++e) {
     Pt a = window[e], b = window[(e + 1) % m];
     auto side = [&](Pt p) { return orient * ((b.x - a.x) * (p.y - a.y) - (b.y - a.y) * (p.x - a.x)); };
@@ -134,15 +135,6 @@ std::vector<Pt> clip_convex(const std::vector<Pt> &poly, const std::vector<Pt> &
     }
   }
   return out;
-}
-
-double area_of(const std::vector<Pt> &poly) {
-  double a = 0;
-  for (size_t k = 0; k < poly.size(); ++k) {
-    const Pt &p = poly[k], &q = poly[(k + 1) % poly.size()];
-    a += p.x * q.y - q.x * p.y;
-  }
-  return a / 2;
 }
 
 namespace {

@@ -261,6 +261,33 @@ bool tri_args(const char *routine, const float *x, const float *y, const float *
 
 Pt to_page(Pt p) { return {page_x(p.x), page_y_user(p.y)}; }
 
+// Cuts the page triangle p into m * m smaller ones and adds each, clipped, to the fill of the
+// colour that colour_of gives for the mean of its corners' values (v linear over p), so that
+// each colour becomes one seamless path; a negative colour is left out.
+template <class ColourOf>
+void fill_graded(const Pt p[3], const double v[3], int m, const Rect &clip, std::map<int, Path> &fills,
+                 ColourOf colour_of) {
+  for (int i = 0; i < m; ++i)
+    for (int j = 0; i + j < m; ++j)
+      for (int up = 0; up < 2; ++up) {
+        if (up && i + j + 1 >= m) continue;
+        double a[3], b[3];
+        if (!up) a[0] = i, b[0] = j, a[1] = i + 1, b[1] = j, a[2] = i, b[2] = j + 1;
+        else a[0] = i + 1, b[0] = j, a[1] = i + 1, b[1] = j + 1, a[2] = i, b[2] = j + 1;
+        std::vector<Pt> q;
+        double mean = 0;
+        for (int k = 0; k < 3; ++k) {
+          double wa = a[k] / m, wb = b[k] / m, wc = 1 - wa - wb;
+          q.push_back({wa * p[0].x + wb * p[1].x + wc * p[2].x, wa * p[0].y + wb * p[1].y + wc * p[2].y});
+          mean += (wa * v[0] + wb * v[1] + wc * v[2]) / 3;
+        }
+        int colour = colour_of(mean);
+        if (colour < 0) continue;
+        std::vector<Pt> cut = clip_polygon(q, clip);
+        if (cut.size() >= 3) append_polygon(fills[colour], cut);
+      }
+}
+
 // Colour-coded triangles: each one cut into as many smaller ones as its colours need, the
 // small ones coloured by the value at their centres; one seamless fill per colour.
 void colour_triangles(const float *x, const float *y, const float *z, const std::vector<std::array<int, 3>> &tri) {
@@ -279,30 +306,7 @@ void colour_triangles(const float *x, const float *y, const float *z, const std:
     int c[3] = {value_colour(zz[0], lo, hi), value_colour(zz[1], lo, hi), value_colour(zz[2], lo, hi)};
     int span = std::max({c[0], c[1], c[2]}) - std::min({c[0], c[1], c[2]});
     int m = std::clamp((span + 2) / 3, 1, 24);
-    auto bary = [&](double a, double b) {  // point and value at barycentric (a, b, 1 - a - b)
-      double g = 1 - a - b;
-      return std::make_pair(Pt{a * p[0].x + b * p[1].x + g * p[2].x, a * p[0].y + b * p[1].y + g * p[2].y},
-                            a * zz[0] + b * zz[1] + g * zz[2]);
-    };
-    for (int i = 0; i < m; ++i)
-      for (int j = 0; i + j < m; ++j)
-        for (int up = 0; up < 2; ++up) {
-          if (up && i + j + 1 >= m) continue;
-          double a[3], b[3];
-          if (!up) a[0] = i, b[0] = j, a[1] = i + 1, b[1] = j, a[2] = i, b[2] = j + 1;
-          else a[0] = i + 1, b[0] = j, a[1] = i + 1, b[1] = j + 1, a[2] = i, b[2] = j + 1;
-          std::vector<Pt> q;
-          double zc = 0;
-          for (int k = 0; k < 3; ++k) {
-            auto v = bary(a[k] / m, b[k] / m);
-            q.push_back(v.first);
-            zc += v.second / 3;
-          }
-          int col = value_colour(zc, lo, hi);
-          if (col < 0) continue;
-          std::vector<Pt> cut = clip_polygon(q, clip);
-          if (cut.size() >= 3) append_polygon(fills[col], cut);
-        }
+    fill_graded(p, zz, m, clip, fills, [&](double v) { return value_colour(v, lo, hi); });
   }
   for (auto &f : fills) fill_cell(f.second, table_rgb(f.first));
 }
@@ -466,25 +470,9 @@ void triflc(const float *xray, const float *yray, const int *icray, int n) {
     int span = 0;
     for (int a = 0; a < 3; ++a)
       for (int b = 0; b < 3; ++b) span = std::max(span, std::abs(icray[idx[a]] - icray[idx[b]]));
-    int m = std::clamp(span, 1, 64);
-    for (int i = 0; i < m; ++i)
-      for (int j = 0; i + j < m; ++j)
-        for (int up = 0; up < 2; ++up) {
-          if (up && i + j + 1 >= m) continue;
-          double a[3], b[3];
-          if (!up) a[0] = i, b[0] = j, a[1] = i + 1, b[1] = j, a[2] = i, b[2] = j + 1;
-          else a[0] = i + 1, b[0] = j, a[1] = i + 1, b[1] = j + 1, a[2] = i, b[2] = j + 1;
-          std::vector<Pt> q;
-          double c = 0;
-          for (int k = 0; k < 3; ++k) {
-            double wa = a[k] / m, wb = b[k] / m, wc = 1 - wa - wb;
-            q.push_back({wa * p[idx[0]].x + wb * p[idx[1]].x + wc * p[idx[2]].x,
-                         wa * p[idx[0]].y + wb * p[idx[1]].y + wc * p[idx[2]].y});
-            c += (wa * icray[idx[0]] + wb * icray[idx[1]] + wc * icray[idx[2]]) / 3;
-          }
-          std::vector<Pt> cut = clip_polygon(q, clip);
-          if (cut.size() >= 3) append_polygon(fills[static_cast<int>(std::lround(c))], cut);
-        }
+    Pt q[3] = {p[0], p[t], p[t + 1]};
+    double v[3] = {double(icray[0]), double(icray[t]), double(icray[t + 1])};
+    fill_graded(q, v, std::clamp(span, 1, 64), clip, fills, [](double c) { return static_cast<int>(std::lround(c)); });
   }
   for (auto &f : fills) fill_cell(f.second, table_rgb(f.first));
 }
