@@ -482,9 +482,9 @@ struct Bsp {
         continue;
       }
       bool eye_front = side_of_eye(nd) >= 0;
-      auto far_side = [&](bool front) -> std::pair<int, int> {
+      auto far_side = [&, node = id](bool front) -> std::pair<int, int> {
         int child = front ? nd.front : nd.back;
-        return child >= 0 ? std::pair<int, int>{0, child} : std::pair<int, int>{front ? 2 : 3, id};
+        return child >= 0 ? std::pair<int, int>{0, child} : std::pair<int, int>{front ? 2 : 3, node};
       };
       // pushed in reverse: far side, the node's polygons, near side
       todo.push_back(far_side(eye_front));
