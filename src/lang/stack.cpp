@@ -178,8 +178,8 @@ int change_arrvar(int from, int to, StackEntry *entry) {
   for (int i = 0; i < n; ++i) {
     double v = elem_double(entry->value.p, sf, i);
     switch (to) {
-      case T_SHORTR: static_cast<int16_t *>(q)[i] = static_cast<int16_t>(v); break;
-      case T_INTR: static_cast<int32_t *>(q)[i] = static_cast<int32_t>(v); break;
+      case T_SHORTR: static_cast<int16_t *>(q)[i] = static_cast<int16_t>(to_int32(v)); break;
+      case T_INTR: static_cast<int32_t *>(q)[i] = to_int32(v); break;
       case T_FLOATR: static_cast<float *>(q)[i] = static_cast<float>(v); break;
       case T_DOUBLER: static_cast<double *>(q)[i] = v; break;
       default: static_cast<float *>(q)[2 * i] = static_cast<float>(v); break;
@@ -629,7 +629,7 @@ int exp_stack() {
     double y = earr ? elem_double(e.value.p, et, i) : scalar_double(e);
     int32_t iv = 0;
     double v = power_value(bt, x, et, y, &iv);
-    store_elem(out, rt, i, v, rt == T_INT && !(bt == T_INT && et == T_INT) ? static_cast<int32_t>(v) : iv);
+    store_elem(out, rt, i, v, rt == T_INT && !(bt == T_INT && et == T_INT) ? to_int32(v) : iv);
   }
   int ndim = shape.ndim;
   int32_t *dims = nullptr;

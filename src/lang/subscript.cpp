@@ -155,7 +155,7 @@ int insert_element(VarRecord *var, int pos, const StackEntry *value) {
         error("Illegal expression value");
         return 0;
       }
-      static_cast<int32_t *>(p)[pos] = small_int ? static_cast<int32_t>(iv) : static_cast<int32_t>(dv);
+      static_cast<int32_t *>(p)[pos] = small_int ? static_cast<int32_t>(iv) : to_int32(dv);
       return 0;
     case T_FLOATR:
       if (!number) {

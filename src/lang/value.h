@@ -78,6 +78,9 @@ int free_lab(int level);
 const char *get_type(int code);
 
 inline bool is_array(int type) { return type >= T_CHARR && type <= T_COMPLEXR; }
+// A number cut to an INT as the machine's conversion does it: toward zero, and the least INT
+// for NaN and for values outside the INT range (so that no value is ever undefined).
+inline int32_t to_int32(double v) { return v > -2147483649.0 && v < 2147483648.0 ? static_cast<int32_t>(v) : INT32_MIN; }
 // Element size in bytes of a scalar type code.
 int elem_size(int scalar_type);
 // Element size of an array code; 0 for a non-array code.
