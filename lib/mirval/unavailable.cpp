@@ -26,29 +26,8 @@ void zero(T *p, long n) {
 
 extern "C" {
 
-/*chnatt*/ void chnatt(void) { mv_tracef("chnatt()"); mv_unavailable("chnatt"); }
-/*clrcyc*/ void clrcyc(int n1, int n2) { mv_tracef("clrcyc(%d, %d)", n1, n2); mv_unavailable("clrcyc"); }
-/*clrmod*/ void clrmod(const char *c) { mv_tracef("clrmod(%s)", TSTR(c)); mv_unavailable("clrmod"); }
-/*colray*/ void colray(const float * /*zray*/, int *nray, int n) { mv_tracef("colray(zray=%s, nray=%s, n=%d)", TARR(n, "floats"), TARR(n, "ints out"), n); ZERO(nray, n); mv_unavailable("colray"); }
-/*connpt*/ void connpt(float x1, float x2) { mv_tracef("connpt(%g, %g)", (double)x1, (double)x2); mv_unavailable("connpt"); }
-/*gapcrv*/ void gapcrv(float x) { mv_tracef("gapcrv(%g)", (double)x); mv_unavailable("gapcrv"); }
-/*gapsiz*/ void gapsiz(float x, const char *c) { mv_tracef("gapsiz(%g, %s)", (double)x, TSTR(c)); mv_unavailable("gapsiz"); }
-/*inccrv*/ void inccrv(int n) { mv_tracef("inccrv(%d)", n); mv_unavailable("inccrv"); }
 /*jusbar*/ void jusbar(const char *c) { mv_tracef("jusbar(%s)", TSTR(c)); mv_unavailable("jusbar"); }
-/*linclr*/ void linclr(const int * /*nray*/, int n) { mv_tracef("linclr(nray=%s, n=%d)", TARR(n, "ints"), n); mv_unavailable("linclr"); }
-/*lincyc*/ void lincyc(int n1, int n2) { mv_tracef("lincyc(%d, %d)", n1, n2); mv_unavailable("lincyc"); }
-/*linmod*/ void linmod(const char *c1, const char *c2) { mv_tracef("linmod(%s, %s)", TSTR(c1), TSTR(c2)); mv_unavailable("linmod"); }
-/*lnmlt*/ void lnmlt(float x) { mv_tracef("lnmlt(%g)", (double)x); mv_unavailable("lnmlt"); }
-/*mrkclr*/ void mrkclr(int n) { mv_tracef("mrkclr(%d)", n); mv_unavailable("mrkclr"); }
-/*mypat*/ void mypat(int n1, int n2, int n3, int n4) { mv_tracef("mypat(%d, %d, %d, %d)", n1, n2, n3, n4); mv_unavailable("mypat"); }
-/*mysymb*/ void mysymb(const float * /*xray*/, const float * /*yray*/, int n, int isym, int iflag) { mv_tracef("mysymb(xray=%s, yray=%s, n=%d, isym=%d, iflag=%d)", TARR(n, "floats"), TARR(n, "floats"), n, isym, iflag); mv_unavailable("mysymb"); }
-/*nancrv*/ void nancrv(const char *c) { mv_tracef("nancrv(%s)", TSTR(c)); mv_unavailable("nancrv"); }
-/*noarln*/ void noarln(void) { mv_tracef("noarln()"); mv_unavailable("noarln"); }
-/*patcyc*/ void patcyc(int n1, int n2) { mv_tracef("patcyc(%d, %d)", n1, n2); mv_unavailable("patcyc"); }
-/*polmod*/ void polmod(const char *c1, const char *c2) { mv_tracef("polmod(%s, %s)", TSTR(c1), TSTR(c2)); mv_unavailable("polmod"); }
 /*posbar*/ void posbar(const char *c) { mv_tracef("posbar(%s)", TSTR(c)); mv_unavailable("posbar"); }
-/*resatt*/ void resatt(void) { mv_tracef("resatt()"); mv_unavailable("resatt"); }
-/*rlconn*/ void rlconn(float x1, float x2) { mv_tracef("rlconn(%g, %g)", (double)x1, (double)x2); mv_unavailable("rlconn"); }
 /*shield*/ void shield(const char *c1, const char *c2) { mv_tracef("shield(%s, %s)", TSTR(c1), TSTR(c2)); mv_unavailable("shield"); }
 /*shlcir*/ void shlcir(int n1, int n2, int n3) { mv_tracef("shlcir(%d, %d, %d)", n1, n2, n3); mv_unavailable("shlcir"); }
 /*shldel*/ void shldel(int n) { mv_tracef("shldel(%d)", n); mv_unavailable("shldel"); }
@@ -59,7 +38,5 @@ extern "C" {
 /*shlrec*/ void shlrec(int n1, int n2, int n3, int n4) { mv_tracef("shlrec(%d, %d, %d, %d)", n1, n2, n3, n4); mv_unavailable("shlrec"); }
 /*shlvis*/ void shlvis(int n, const char *c) { mv_tracef("shlvis(%d, %s)", n, TSTR(c)); mv_unavailable("shlvis"); }
 /*spcbar*/ void spcbar(int n) { mv_tracef("spcbar(%d)", n); mv_unavailable("spcbar"); }
-/*symrot*/ void symrot(float x) { mv_tracef("symrot(%g)", (double)x); mv_unavailable("symrot"); }
-/*vltfil*/ void vltfil(const char *c1, const char *c2) { mv_tracef("vltfil(%s, %s)", TSTR(c1), TSTR(c2)); mv_unavailable("vltfil"); }
 
 }  // extern "C"

@@ -126,15 +126,8 @@ bool names(const char *list, const char *name) {
 
 }  // namespace
 
-extern "C" {
-
-void reset(const char *cname) {
-  mv_tracef("reset(%s)", mv_tstr(cname).c_str());
+bool reset_setting(const char *cname) {
   MirvalState &s = mirval_state();
-  if (!cname) {
-    mv_warn("reset", "no setting named");
-    return;
-  }
   bool all = same(cname, "ALL");
   bool found = false;
   for (const Entry &e : entries)
@@ -154,7 +147,18 @@ void reset(const char *cname) {
       if (s.level == 0) e.fn(s);
       else if (!all) mv_warn("reset", "%s can be reset only before MIRINI", cname);
     }
-  if (!found) mv_warn("reset", "unknown setting %s", cname);
+  return found;
+}
+
+extern "C" {
+
+void reset(const char *cname) {
+  mv_tracef("reset(%s)", mv_tstr(cname).c_str());
+  if (!cname) {
+    mv_warn("reset", "no setting named");
+    return;
+  }
+  if (!reset_setting(cname)) mv_warn("reset", "unknown setting %s", cname);
 }
 
 }

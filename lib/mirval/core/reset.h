@@ -9,3 +9,7 @@ struct ResetEntry {
   const char *names;  // the routines whose setting it restores, separated by blanks
   void (*fn)(MirvalState &);
 };
+
+// Restores the settings made by the routine 'name' ('ALL': every one) as RESET does, without a
+// trace line; false when no setting has that name.
+bool reset_setting(const char *name);

@@ -93,16 +93,23 @@ void fill_cell(const Path &p, Rgb rgb) {
   if (!p.empty()) add_item(path_item(ItemKind::Cell, rgb, p));
 }
 
-void shape_path(const Path &p) {
-  const PenState &pen = mirval_state().pen;
-  if (pen.pattern >= 16) {
-    fill_path(p, pen_rgb());
-  } else if (pen.pattern > 0) {
-    Item it = path_item(ItemKind::Hatch, pen_rgb(), p);
-    it.width = pen.width;
-    it.hatch = pen.pattern;
-    add_item(std::move(it));
+void pattern_fill(const Path &p, Rgb rgb, int pattern, float alpha) {
+  if (p.empty() || pattern <= 0 || pattern > 17) return;
+  const MirvalState &st = mirval_state();
+  Item it = path_item(pattern == 16 ? ItemKind::Fill : ItemKind::Hatch, rgb, p);
+  it.alpha = alpha;
+  it.width = st.pen.width;
+  it.hatch = pattern == 16 ? 0 : pattern;
+  if (pattern == 17) {  // MYPAT: its lines as the pattern was when the area was drawn
+    const std::array<int, 4> &u = st.chart.user_pattern;
+    if (u[1] == 0) return;  // an empty pattern
+    it.hatch_angle = float(u[0]), it.hatch_gap = float(120.0 / u[2]), it.hatch_cross = u[3] == 1;
   }
+  add_item(std::move(it));
+}
+
+void shape_path(const Path &p) {
+  pattern_fill(p, pen_rgb(), mirval_state().pen.pattern);
   stroke_path(p);
 }
 

@@ -28,6 +28,9 @@ void stroke_path(const Path &p, Rgb rgb, double width, const std::vector<double>
 void fill_path(const Path &p, Rgb rgb);
 // A cell of a surface or matrix that meets its neighbours without seams.
 void fill_cell(const Path &p, Rgb rgb);
+// Fills a closed path solid (pattern 16) or hatches it (1..15, or 17 the MYPAT pattern);
+// pattern 0 leaves it empty.
+void pattern_fill(const Path &p, Rgb rgb, int pattern, float alpha = 1);
 // A closed shape as SHDPAT wants it: hatched or filled in the pen colour, then outlined.
 void shape_path(const Path &p);
 // Polygons cut to a rectangle, as paths.

@@ -20,7 +20,8 @@ struct Shape {
   Path path;
   Pt c;
   double r;
-  Pt at(double x, double y) const { return {c.x + r * x, c.y - r * y}; }
+  double ca = 1, sa = 0;  // SYMROT: turned counter-clockwise
+  Pt at(double x, double y) const { return {c.x + r * (x * ca - y * sa), c.y - r * (x * sa + y * ca)}; }
   void polygon(std::initializer_list<Pt> pts) {
     bool first = true;
     for (Pt p : pts) {
@@ -63,9 +64,20 @@ struct Shape {
 }  // namespace
 
 void draw_marker(int n, Pt c, double size, Rgb rgb, double width) {
-  Shape s{Path{}, c, size / 2};
+  const ChartState &opt = mirval_state().chart;
+  double a = opt.marker_angle * M_PI / 180;
+  Shape s{Path{}, c, size / 2, std::cos(a), std::sin(a)};
   bool filled = (n >= 16 && n <= 22) || n == 24;
-  switch (n) {
+  const std::vector<Pt> *own = n >= 0 && n < marker_count && !opt.user_symbols[n].empty() ? &opt.user_symbols[n] : nullptr;
+  if (own) {  // MYSYMB: the user's outline in the symbol's square
+    for (size_t k = 0; k < own->size(); ++k) {
+      Pt q = s.at((*own)[k].x, (*own)[k].y);
+      if (k == 0) s.path.move(q);
+      else s.path.line(q);
+    }
+    if (opt.user_filled[n]) s.path.close();
+    filled = opt.user_filled[n];
+  } else switch (n) {
     case 0: case 16: s.r *= 0.85, s.square(); break;
     case 1: case 21: s.circle(1); break;
     case 2: case 17: s.triangle(1); break;
@@ -90,7 +102,7 @@ void draw_marker(int n, Pt c, double size, Rgb rgb, double width) {
     return;
   }
   stroke_path(s.path, rgb, width, {});
-  if (n == 14) {
+  if (n == 14 && !own) {
     Shape dot{Path{}, c, size / 2};
     dot.circle(0.2);
     fill_path(dot.path, rgb);

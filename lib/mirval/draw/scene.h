@@ -51,7 +51,9 @@ struct Item {
   std::vector<double> dash;   // Stroke
   Cap cap = Cap::Auto;        // Stroke
   Join join = Join::Round;    // Stroke
-  int hatch = 0;              // Hatch pattern 1..15
+  int hatch = 0;              // Hatch pattern 1..15, or 17 the user's (MYPAT) below
+  float hatch_angle = 0, hatch_gap = 0;  // pattern 17: direction (degrees) and distance of lines
+  bool hatch_cross = false;   // pattern 17: a second set of lines at right angles
   // Text: the run starts on its baseline at 'at', rotated by 'angle' degrees counter-clockwise
   std::string text;
   int font = 0;               // index into the font table (fonts.h)

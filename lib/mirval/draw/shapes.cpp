@@ -221,7 +221,7 @@ void pagfll(int n) {
 
 void shdpat(int n) {
   mv_tracef("shdpat(%d)", n);
-  if (n < 0 || n > 16) mv_warn("shdpat", "pattern %d out of range 0..16", n);
+  if (n < 0 || n > 17) mv_warn("shdpat", "pattern %d out of range 0..17", n);
   else mirval_state().pen.pattern = n;
 }
 

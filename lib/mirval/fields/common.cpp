@@ -124,7 +124,7 @@ void arrow_geometry(Pt a, Pt b, const ArrowForm &f, double head, double angle, P
   double cut = (f.head == 1 || f.head == 4) ? 0.5 * head : 0;
   if (at_end) s1 = {b.x - cut * dx, b.y - cut * dy};
   if (at_start) s0 = {a.x + cut * dx, a.y + cut * dy};
-  append_polyline(lines, {s0, s1}, clip);
+  if (mirval_state().chart.arrow_lines) append_polyline(lines, {s0, s1}, clip);  // NOARLN: heads alone
   if (at_end) head_at(b, dx, dy, f, head, angle, lines, fills, clip);
   if (at_start) head_at(a, -dx, -dy, f, head, angle, lines, fills, clip);
 }

@@ -324,14 +324,7 @@ void shdcrv(const float *x1ray, const float *y1ray, int n1, const float *x2ray, 
   else if (pattern == 0) pattern = 16;
   std::vector<Pt> cut = clip_polygon(finite, user_clip());
   if (cut.size() < 3) return;
-  Item it;
-  it.kind = pattern >= 16 ? ItemKind::Fill : ItemKind::Hatch;
-  it.rgb = pen_rgb();
-  it.alpha = float(fs.shd_factor);
-  it.path = closed_path(cut);
-  it.width = st.pen.width;
-  it.hatch = pattern >= 16 ? 0 : pattern;
-  add_item(std::move(it));
+  pattern_fill(closed_path(cut), pen_rgb(), pattern, float(fs.shd_factor));
 }
 
 void shdfac(float x) {

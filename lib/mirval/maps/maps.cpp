@@ -314,17 +314,7 @@ void shade_countries(const char *routine, const char *cont, const int *inray, co
         for (const std::vector<Pt> &l : m->page_lines(ring)) append_polyline(edge, l, clip);
       }
       if (p.empty()) continue;
-      if (pat >= 16) {
-        fill_path(p, rgb);
-      } else if (pat > 0) {
-        Item it;
-        it.kind = ItemKind::Hatch;
-        it.rgb = rgb;
-        it.path = p;
-        it.width = st.pen.width;
-        it.hatch = pat;
-        add_item(std::move(it));
-      }
+      pattern_fill(p, rgb, pat);
       if (!edge.empty()) stroke_path(edge, pen, std::max(0.5, st.pen.width * 0.5), {});
     }
   }

@@ -1,5 +1,6 @@
 #include "output/render.h"
 #include "draw/fonts.h"
+#include "core/state.h"
 
 #include <algorithm>
 #include <cmath>
@@ -81,7 +82,7 @@ void hatch_lines(cairo_t *cr, double angle, double gap, double x0, double y0, do
 }
 
 void draw_hatch(cairo_t *cr, const Item &it, const View &v) {
-  const Hatch &h = hatches[std::clamp(it.hatch, 1, 15) - 1];
+  Hatch h = it.hatch == 17 ? Hatch{it.hatch_angle, it.hatch_gap, it.hatch_cross} : hatches[std::clamp(it.hatch, 1, 15) - 1];
   cairo_save(cr);
   set_path(cr, it.path);
   cairo_set_fill_rule(cr, CAIRO_FILL_RULE_EVEN_ODD);
@@ -145,19 +146,25 @@ void render_page(cairo_t *cr, const Page &page, const View &v) {
   cairo_paint(cr);
   cairo_translate(cr, v.dx, v.dy);
   cairo_scale(cr, v.scale, v.scale);
+  // the modes of LINMOD, POLMOD and CLRMOD hold for the whole picture
+  const ChartState &mode = mirval_state().chart;
   for (const Item &it : page.items) {
-    cairo_set_source_rgba(cr, it.rgb.r, it.rgb.g, it.rgb.b, it.alpha);
+    Rgb c = it.rgb;
+    if (mode.grey) c.r = c.g = c.b = 0.299f * c.r + 0.587f * c.g + 0.114f * c.b;
+    cairo_set_source_rgba(cr, c.r, c.g, c.b, it.alpha);
     switch (it.kind) {
       case ItemKind::Stroke:
         set_path(cr, v.raster ? snapped(it.path, device_width(it.width, v), v) : it.path);
         set_width(cr, it.width, v);
         cairo_set_dash(cr, it.dash.data(), static_cast<int>(it.dash.size()), 0);
         set_ends(cr, it);
+        if (v.raster && !mode.smooth) cairo_set_antialias(cr, CAIRO_ANTIALIAS_NONE);
         cairo_stroke(cr);
+        cairo_set_antialias(cr, CAIRO_ANTIALIAS_DEFAULT);
         break;
       case ItemKind::Fill:
         set_path(cr, it.path);
-        cairo_set_fill_rule(cr, CAIRO_FILL_RULE_EVEN_ODD);
+        cairo_set_fill_rule(cr, mode.winding ? CAIRO_FILL_RULE_WINDING : CAIRO_FILL_RULE_EVEN_ODD);
         cairo_fill(cr);
         break;
       case ItemKind::Cell:

@@ -1,5 +1,5 @@
 // Transparency of everything drawn between TPRINI and TPRFIN, filling and outlining of
-// chart areas, colour numbers of RGB colours, and moves and draws in plot coordinates.
+// chart areas, colour numbers of RGB colours, and moves and draws in plot and user coordinates.
 #include "plots/charts.h"
 #include "core/keywords.h"
 #include "core/messages.h"
@@ -7,6 +7,7 @@
 #include "core/trace.h"
 #include "draw/colours.h"
 #include "draw/draw.h"
+#include "axes/scaling.h"
 #include "mirval.h"
 
 #include <algorithm>
@@ -15,6 +16,22 @@
 namespace {
 
 int byte(float x) { return static_cast<int>(std::lround(std::clamp(std::isfinite(x) ? x : 0.0f, 0.0f, 1.0f) * 255)); }
+
+bool finite_point(const char *routine, float x, float y) {
+  if (std::isfinite(x) && std::isfinite(y)) return true;
+  mv_warn(routine, "coordinates must be finite");
+  return false;
+}
+
+// XDRAW, CONNPT and RLCONN: a line in the pen's style from the current point (XMOVE or the
+// last such line) to 'to', leaving out shielded regions; the first call only sets the point.
+void line_to(Pt to, const Rect &clip) {
+  ChartState &c = mirval_state().chart;
+  if (c.pen_set)
+    for (const std::vector<Pt> &piece : unshielded({c.pen_at, to})) stroke_polyline(piece, clip);
+  c.pen_at = to;
+  c.pen_set = true;
+}
 
 }  // namespace
 
@@ -69,10 +86,7 @@ int intrgb(float r, float g, float b) {
 
 void xmove(float x1, float x2) {
   mv_tracef("xmove(%g, %g)", (double)x1, (double)x2);
-  if (!std::isfinite(x1) || !std::isfinite(x2)) {
-    mv_warn("xmove", "coordinates must be finite");
-    return;
-  }
+  if (!finite_point("xmove", x1, x2)) return;
   ChartState &c = mirval_state().chart;
   c.pen_at = {x1, page_y(x2)};
   c.pen_set = true;
@@ -80,16 +94,20 @@ void xmove(float x1, float x2) {
 
 void xdraw(float x1, float x2) {
   mv_tracef("xdraw(%g, %g)", (double)x1, (double)x2);
-  if (!mv_level("xdraw", 1, 3)) return;
-  if (!std::isfinite(x1) || !std::isfinite(x2)) {
-    mv_warn("xdraw", "coordinates must be finite");
-    return;
-  }
-  ChartState &c = mirval_state().chart;
-  Pt to{x1, page_y(x2)};
-  if (c.pen_set) stroke_polyline({c.pen_at, to}, plot_clip());
-  c.pen_at = to;
-  c.pen_set = true;
+  if (mv_level("xdraw", 1, 3) && finite_point("xdraw", x1, x2)) line_to({x1, page_y(x2)}, plot_clip());
+}
+
+void connpt(float x, float y) {
+  mv_tracef("connpt(%g, %g)", (double)x, (double)y);
+  if (mv_level("connpt", 1, 3) && finite_point("connpt", x, y)) line_to({x, page_y(y)}, plot_clip());
+}
+
+void rlconn(float x, float y) {
+  mv_tracef("rlconn(%g, %g)", (double)x, (double)y);
+  if (!mv_level("rlconn", 2, 3) || !finite_point("rlconn", x, y)) return;
+  Pt to{page_x(x), page_y_user(y)};
+  if (std::isfinite(to.x) && std::isfinite(to.y)) line_to(to, user_clip());
+  else mv_warn("rlconn", "(%g, %g) has no place on the axes", (double)x, (double)y);
 }
 
 }

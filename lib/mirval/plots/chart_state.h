@@ -61,6 +61,22 @@ struct ChartState {
   std::array<int, 30> colour_cycle = default_colour_cycle();
   std::array<int, 30> pattern_cycle{16, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15,
                                     16, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13};
+  // curve options, read by CURVE, the markers and the renderer
+  int curve_every = 1;             // INCCRV: CHNCRV changes the attributes after so many curves
+  std::vector<int> line_colours;   // LINCLR: table colours of the next curves, in turn
+  int line_colour_next = 0;
+  int marker_colour = -1;          // MRKCLR: table colour of the markers, -1 the curve's colour
+  double dash_scale = 1;           // LNMLT: lengths of dashes and gaps multiplied
+  double gap_x = 0;                // GAPCRV: no line between points farther apart in X (user units)
+  bool nan_gaps = true;            // NANCRV('OFF'): NaN points are left out and their neighbours joined
+  double marker_gap = 0;           // GAPSIZ: lines stop this far short of markers (plot units)
+  double marker_angle = 0;         // SYMROT: markers turned counter-clockwise, degrees
+  std::array<std::vector<Pt>, 25> user_symbols{};  // MYSYMB: outlines replacing symbols 0..24
+  std::array<bool, 25> user_filled{};
+  std::array<int, 4> user_pattern{45, 1, 5, 0};    // MYPAT: angle, kind, density, crossed
+  bool smooth = true;              // LINMOD('OFF', 'SMOOTH'): raster lines without anti-aliasing
+  bool winding = false;            // POLMOD('WINDING', 'FILL'): non-zero fill rule
+  bool grey = false;               // CLRMOD('GREY'): pictures written in grey levels
   // filling and outlining of areas
   bool fill = true;                // NOFILL clears it
   bool outline = true;             // NOLINE('ON') clears it

@@ -64,17 +64,7 @@ void chart_area(const Path &p, Rgb fill, int pattern, bool outlined, Rgb border)
   if (p.empty()) return;
   const MirvalState &st = mirval_state();
   if (st.chart.fill) {
-    if (pattern <= 0 || pattern >= 16) {
-      fill_path(p, fill);
-    } else {
-      Item it;
-      it.kind = ItemKind::Hatch;
-      it.rgb = fill;
-      it.path = p;
-      it.width = st.pen.width;
-      it.hatch = pattern;
-      add_item(std::move(it));
-    }
+    pattern_fill(p, fill, pattern <= 0 ? 16 : pattern);
   }
   if ((outlined && st.chart.outline) || !st.chart.fill) stroke_path(p, outlined ? border : fill, st.pen.width, {});
 }
@@ -247,6 +237,19 @@ const ResetEntry chart_resets[] = {
     {"LINCYC", [](MirvalState &s) { s.chart.line_cycle = chart0.line_cycle; }},
     {"CLRCYC", [](MirvalState &s) { s.chart.colour_cycle = chart0.colour_cycle; }},
     {"PATCYC", [](MirvalState &s) { s.chart.pattern_cycle = chart0.pattern_cycle; }},
+    {"INCCRV", [](MirvalState &s) { s.chart.curve_every = chart0.curve_every; }},
+    {"LINCLR", [](MirvalState &s) { s.chart.line_colours.clear(), s.chart.line_colour_next = 0; }},
+    {"MRKCLR", [](MirvalState &s) { s.chart.marker_colour = chart0.marker_colour; }},
+    {"LNMLT", [](MirvalState &s) { s.chart.dash_scale = chart0.dash_scale; }},
+    {"GAPCRV", [](MirvalState &s) { s.chart.gap_x = chart0.gap_x; }},
+    {"NANCRV", [](MirvalState &s) { s.chart.nan_gaps = chart0.nan_gaps; }},
+    {"GAPSIZ", [](MirvalState &s) { s.chart.marker_gap = chart0.marker_gap; }},
+    {"SYMROT", [](MirvalState &s) { s.chart.marker_angle = chart0.marker_angle; }},
+    {"MYSYMB", [](MirvalState &s) { s.chart.user_symbols = chart0.user_symbols, s.chart.user_filled = chart0.user_filled; }},
+    {"MYPAT", [](MirvalState &s) { s.chart.user_pattern = chart0.user_pattern; }},
+    {"LINMOD", [](MirvalState &s) { s.chart.smooth = chart0.smooth; }},
+    {"POLMOD", [](MirvalState &s) { s.chart.winding = chart0.winding; }},
+    {"CLRMOD", [](MirvalState &s) { s.chart.grey = chart0.grey; }},
     {"NOFILL", [](MirvalState &s) { s.chart.fill = chart0.fill; }},
     {"NOLINE", [](MirvalState &s) { s.chart.outline = chart0.outline; }},
     {"NOARLN", [](MirvalState &s) { s.chart.arrow_lines = chart0.arrow_lines; }},

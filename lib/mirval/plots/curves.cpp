@@ -8,6 +8,8 @@
 #include "draw/pen.h"
 #include "axes/scaling.h"
 #include "core/trace.h"
+#include "draw/colours.h"
+#include "plots/charts.h"
 
 #include <algorithm>
 #include <cmath>
@@ -45,18 +47,48 @@ std::vector<std::vector<Pt>> runs(const std::vector<Pt> &pts) {
 const Rgb cycle_colours[8] = {{0, 0, 0},       {0.85f, 0, 0}, {0, 0.6f, 0},       {0, 0, 0.9f},
                               {0.8f, 0, 0.8f}, {0, 0.7f, 0.7f}, {1, 0.5f, 0},     {0.5f, 0.3f, 0.1f}};
 
-// CHNCRV: the next curve gets the next colour and/or line style.
-void change_attributes() {
+}  // namespace
+
+// CHNCRV: after every INCCRV curves the next entry of the colour and/or line style cycles
+// (CLRCYC, LINCYC); 'how' says which (bit 1 colour, bit 2 line style).
+void change_attributes(int how) {
   MirvalState &st = mirval_state();
   CurveState &c = st.curve;
-  if (!c.change) return;
-  int k = ++c.changed;
-  if (c.change & 1) {
-    st.pen.fore = k % 8 == 0;
-    st.pen.rgb = cycle_colours[k % 8];
-    st.pen.index = -1;
+  if (!how || ++c.changed % st.chart.curve_every) return;
+  int k = c.changed / st.chart.curve_every;
+  if (how & 1) {
+    int n = st.chart.colour_cycle[k % 30];
+    st.pen.fore = n < 0 && k % 8 == 0;
+    st.pen.rgb = n >= 0 ? table_rgb(n) : cycle_colours[k % 8];
+    st.pen.index = n;
   }
-  if (c.change & 2) set_line_style(k % 8);
+  if (how & 2) set_line_style(st.chart.line_cycle[k % 30]);
+}
+
+namespace {
+
+// The pieces of a curve's line: NaN points break it (or, with NANCRV('OFF'), are left out),
+// and so do neighbours farther apart in X than GAPCRV says.
+std::vector<Pt> gapped(const float *x, const std::vector<Pt> &pts) {
+  const ChartState &c = mirval_state().chart;
+  std::vector<Pt> out;
+  const Pt gap{NAN, NAN};
+  for (size_t i = 0; i < pts.size(); ++i) {
+    if (!finite(pts[i]) && !c.nan_gaps) continue;
+    if (c.gap_x > 0 && !out.empty() && finite(out.back()) && finite(pts[i]) && i > 0 &&
+        std::fabs(double(x[i]) - x[i - 1]) > c.gap_x)
+      out.push_back(gap);
+    out.push_back(pts[i]);
+  }
+  return out;
+}
+
+// A straight line from a to b that stops 'gap' short of both ends (none when they are closer).
+std::vector<Pt> shortened(Pt a, Pt b, double gap) {
+  double d = std::hypot(b.x - a.x, b.y - a.y);
+  if (d <= 2 * gap) return {};
+  double f = gap / d;
+  return {{a.x + f * (b.x - a.x), a.y + f * (b.y - a.y)}, {b.x - f * (b.x - a.x), b.y - f * (b.y - a.y)}};
 }
 
 bool in_range(const AxisRange &r, double v) {
@@ -144,32 +176,47 @@ void curve(const float *x, const float *y, int n) {
   }
   if (outside && st.curve.check)
     mv_warn("curve", "%d of %d points lie outside the axis system", outside, n);
+  ChartState &opt = st.chart;
+  if (!opt.line_colours.empty()) {  // LINCLR: each curve its colour, in turn
+    int k = opt.line_colours[opt.line_colour_next++ % opt.line_colours.size()];
+    st.pen.fore = false, st.pen.rgb = table_rgb(k), st.pen.index = k;
+  }
   Rect clip = user_clip();
-  Rgb rgb = pen_rgb();
+  Rgb rgb = pen_rgb(), mrgb = opt.marker_colour >= 0 ? table_rgb(opt.marker_colour) : rgb;
   const CurveState &c = st.curve;
   double width = st.pen.width * st.pen.thick;
+  std::vector<double> dash = st.pen.dash;
+  for (double &d : dash) d *= opt.dash_scale;
+  auto stroke = [&](const std::vector<Pt> &line) {
+    for (const std::vector<Pt> &piece : unshielded(line)) stroke_polyline(piece, clip, rgb, width, dash);
+  };
   if (c.incmrk >= 0) {
     double base = ax.box.y1;
     const AxisRange &ry = ax.range[1];
     if (!ry.log && 0 >= std::min(ry.a, ry.e) && 0 <= std::max(ry.a, ry.e)) base = page_y_user(0);
-    for (const std::vector<Pt> &line : connect_points(pts, c.interp, base)) {
+    for (const std::vector<Pt> &line : connect_points(gapped(x, pts), c.interp, base)) {
       if (c.interp == Interp::Bars) shape_path(polygon_path(line, clip));
-      else stroke_polyline(line, clip, rgb, width, st.pen.dash);
+      else if (opt.marker_gap > 0 && c.incmrk == 1 && c.interp == Interp::Linear)
+        for (size_t k = 1; k < line.size(); ++k) stroke(shortened(line[k - 1], line[k], opt.marker_gap));
+      else stroke(line);
     }
   }
   if (c.incmrk != 0) {
     int every = std::abs(c.incmrk);
     for (int i = 0; i < n; i += every)
-      if (finite(pts[i]) && inside(pts[i], clip)) draw_marker(c.marker, pts[i], c.hsymbl, rgb, st.pen.width);
+      if (finite(pts[i]) && inside(pts[i], clip) && !shielded(pts[i]))
+        draw_marker(c.marker, pts[i], c.hsymbl, mrgb, st.pen.width);
   }
   CurveLook look;
   look.rgb = rgb;
   look.width = width;
-  look.dash = st.pen.dash;
+  look.dash = dash;
   look.incmrk = c.incmrk;
   look.marker = c.marker;
+  look.marker_rgb = mrgb;
+  look.marker_own = opt.marker_colour >= 0;
   st.legend.curves.push_back(look);
-  change_attributes();
+  change_attributes(c.change);
 }
 
 void incmrk(int nmrk) {
