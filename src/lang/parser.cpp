@@ -213,7 +213,10 @@ int unary_stack(int op) {
 static int index_value(int32_t *out) {
   int mark = g_nstack;
   expr();
-  if (g_abort) return 1;
+  if (g_abort) {  // what the given-up expression left on the stack goes with it
+    free_stack(mark);
+    return 1;
+  }
   if (g_nstack <= mark || stacklist[g_nstack - 1].type != T_INT) {
     free_stack(mark);
     return 1;
@@ -257,10 +260,11 @@ static bool read_subscripts(IndexRecord *rec) {
     ilex = lexan();
     int mark = g_nstack;
     if (set_index(rec, k)) {
+      free_stack(mark);
       give_up("Subscripts must be of type integer");
       return false;
     }
-    g_nstack = mark;
+    free_stack(mark);
     ++k;
   } while (ilex == ',');
   rec->nidx = static_cast<uint8_t>(k);

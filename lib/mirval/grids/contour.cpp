@@ -337,7 +337,12 @@ void draw_level(const std::vector<std::vector<Pt>> &lines, double level) {
       append_polyline(path, line, clip);
       continue;
     }
-    int n = std::max(1, static_cast<int>(length / (g.label_every * width)));
+    double per = length / (g.label_every * width);
+    if (!(per >= 0)) {  // a line without a length (points off a log axis): no labels
+      append_polyline(path, line, clip);
+      continue;
+    }
+    int n = static_cast<int>(std::clamp(per, 1.0, 100000.0));
     std::vector<std::pair<double, double>> gaps;
     // a line that turns sharply under the label would cross it
     Rect room{clip.x0 + h, clip.y0 + h, clip.x1 - h, clip.y1 - h};  // labels keep off the frame
