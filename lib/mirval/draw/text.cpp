@@ -9,6 +9,7 @@
 #include "core/trace.h"
 #include "media/formula.h"
 #include "media/hershey.h"
+#include "plots/charts.h"
 
 #include <cmath>
 #include <cstring>
@@ -35,8 +36,18 @@ bool has_text(const char *routine, const char *s) {
 // Text of the plot-coordinate routines: (nx, ny) names the upper edge of the capitals at
 // the left, centre or right as TXTJUS says.
 void message_at(const std::string &text, double x, double y) {
-  const TextState &t = mirval_state().text;
+  const MirvalState &st = mirval_state();
+  const TextState &t = st.text;
   put_text(text, "", {x, y}, t.height, t.angle, t.just, VAlign::Top, pen_rgb());
+  if (!st.chart.shield_messages) return;
+  // SHIELD('MESSAG', 'ON'): the text's box, turned with it, keeps later curves off
+  double w = text_length(text, "", t.height), h = 1.4 * t.height;
+  double x0 = t.just == Just::Left ? 0 : t.just == Just::Center ? -w / 2 : -w;
+  double a = t.angle * M_PI / 180, ca = std::cos(a), sa = std::sin(a);
+  std::vector<Pt> box;
+  for (Pt q : {Pt{x0, 0}, Pt{x0 + w, 0}, Pt{x0 + w, h}, Pt{x0, h}})
+    box.push_back({x + q.x * ca + q.y * sa, y - q.x * sa + q.y * ca});
+  add_shield(box, true);
 }
 
 }  // namespace

@@ -15,7 +15,7 @@ struct ShieldRegion {
   int id = 0;
   std::vector<Pt> poly;
   bool visible = true;   // SHLVIS: 'OFF' keeps the region but lets lines through
-  bool legend = false;   // made by a LEGEND while SHIELD('LEGEND', 'ON')
+  bool automatic = false;  // made by a LEGEND or a message while SHIELD says so
 };
 
 // QPLSCL: an axis of the one-call plots given by the caller instead of an automatic one.
@@ -82,7 +82,8 @@ struct ChartState {
   bool outline = true;             // NOLINE('ON') clears it
   bool arrow_lines = true;         // NOARLN clears it: arrows without their shaft
   // shielding
-  bool shield_legend = false;      // SHIELD('LEGEND', 'ON')
+  bool shield_legend = false;      // SHIELD('LEGEND', 'ON'): legends shield themselves
+  bool shield_messages = false;    // SHIELD('MESSAG', 'ON'): so do texts of MESSAG, NUMBER ...
   bool shield_user = true;         // SHIELD('USER', 'OFF') suspends the SHL regions
   int shield_next = 1;
   std::vector<ShieldRegion> shields;

@@ -140,14 +140,14 @@ std::vector<Span> pie_angles(const std::vector<double> &values, double rotation)
 bool shielded(Pt p) {
   const ChartState &c = mirval_state().chart;
   for (const ShieldRegion &r : c.shields)
-    if (r.visible && (r.legend || c.shield_user) && in_polygon(p, r.poly)) return true;
+    if (r.visible && (r.automatic || c.shield_user) && in_polygon(p, r.poly)) return true;
   return false;
 }
 
 std::vector<std::vector<Pt>> unshielded(const std::vector<Pt> &line) {
   const ChartState &c = mirval_state().chart;
   bool any = false;
-  for (const ShieldRegion &r : c.shields) any = any || (r.visible && (r.legend || c.shield_user));
+  for (const ShieldRegion &r : c.shields) any = any || (r.visible && (r.automatic || c.shield_user));
   if (!any) return {line};
   std::vector<std::vector<Pt>> out(1);
   auto keep = [&](Pt p) { out.back().push_back(p); };
@@ -159,7 +159,7 @@ std::vector<std::vector<Pt>> unshielded(const std::vector<Pt> &line) {
     Pt a = line[i], b = line[i + 1];
     std::vector<double> ts{0, 1};
     for (const ShieldRegion &r : c.shields)
-      if (r.visible && (r.legend || c.shield_user)) crossings(a, b, r.poly, ts);
+      if (r.visible && (r.automatic || c.shield_user)) crossings(a, b, r.poly, ts);
     std::sort(ts.begin(), ts.end());
     for (size_t k = 0; k + 1 < ts.size(); ++k) {
       double t0 = ts[k], t1 = ts[k + 1];
@@ -179,12 +179,12 @@ std::vector<std::vector<Pt>> unshielded(const std::vector<Pt> &line) {
   return out;
 }
 
-int add_shield(const std::vector<Pt> &poly, bool legend) {
+int add_shield(const std::vector<Pt> &poly, bool automatic) {
   ChartState &c = mirval_state().chart;
   ShieldRegion r;
   r.id = c.shield_next++;
   r.poly = poly;
-  r.legend = legend;
+  r.automatic = automatic;
   c.shields.push_back(r);
   return r.id;
 }
@@ -253,7 +253,7 @@ const ResetEntry chart_resets[] = {
     {"NOFILL", [](MirvalState &s) { s.chart.fill = chart0.fill; }},
     {"NOLINE", [](MirvalState &s) { s.chart.outline = chart0.outline; }},
     {"NOARLN", [](MirvalState &s) { s.chart.arrow_lines = chart0.arrow_lines; }},
-    {"SHIELD", [](MirvalState &s) { s.chart.shield_legend = chart0.shield_legend, s.chart.shield_user = chart0.shield_user; }},
+    {"SHIELD", [](MirvalState &s) { s.chart.shield_legend = chart0.shield_legend, s.chart.shield_messages = chart0.shield_messages, s.chart.shield_user = chart0.shield_user; }},
     {"SHLDEL SHLREC SHLRCT SHLCIR SHLELL SHLPIE SHLPOL", [](MirvalState &s) { s.chart.shields.clear(), s.chart.shield_next = 1; }},
     {"TPRINI TPRFIN", [](MirvalState &s) { s.chart.transparent = chart0.transparent; }},
     {"QPLSCL", [](MirvalState &s) { s.chart.quick = chart0.quick; }},

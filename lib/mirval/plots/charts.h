@@ -48,8 +48,9 @@ std::vector<Span> pie_angles(const std::vector<double> &values, double rotation)
 // Shielding: the polyline without its parts inside the visible shielded regions.
 std::vector<std::vector<Pt>> unshielded(const std::vector<Pt> &line);
 bool shielded(Pt p);
-// Adds a shielded region (page coordinates) and returns its number.
-int add_shield(const std::vector<Pt> &poly, bool legend);
+// Adds a shielded region (page coordinates) and returns its number; 'automatic' for those
+// that legends and messages make.
+int add_shield(const std::vector<Pt> &poly, bool automatic);
 // The polygon of an ellipse (half axes a, b, turned by theta degrees) or of a pie slice.
 std::vector<Pt> ellipse_polygon(Pt c, double a, double b, double theta);
 std::vector<Pt> slice_polygon(Pt c, double r, double a1, double a2);
