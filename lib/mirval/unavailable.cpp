@@ -26,8 +26,5 @@ void zero(T *p, long n) {
 
 extern "C" {
 
-/*jusbar*/ void jusbar(const char *c) { mv_tracef("jusbar(%s)", TSTR(c)); mv_unavailable("jusbar"); }
-/*posbar*/ void posbar(const char *c) { mv_tracef("posbar(%s)", TSTR(c)); mv_unavailable("posbar"); }
-/*spcbar*/ void spcbar(int n) { mv_tracef("spcbar(%d)", n); mv_unavailable("spcbar"); }
 
 }  // extern "C"

@@ -527,7 +527,7 @@ void axis_system(const std::array<AxisRange, 2> &r) {
   st.grid.colour_axis = false;
   st.grid.label_boxes.clear();
   x.chart = 0;
-  x.bottom_room = 0;
+  x.bottom_room = x.left_room = 0;
   ax.title_room = 0;
   st.level = 2;
   if (x.nograf) {  // NOGRAF: this one axis system is drawn without axes
@@ -556,6 +556,7 @@ void axis_system(const std::array<AxisRange, 2> &r) {
       double reach = draw_side(side);
       if (side == 2) ax.title_room = reach;
       if (side == 0) x.bottom_room = reach;
+      if (side == 1) x.left_room = reach;
     }
   }
   ax.sides = saved;

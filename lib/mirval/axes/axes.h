@@ -25,5 +25,8 @@ void axis_system(const std::array<AxisRange, 2> &r);
 double axis_side(int side);
 // The same with the label forms (MYLAB, LABMOD ...) of axis 'form' (0 X, 1 Y, 2 Z).
 double axis_side(int side, int form);
+// A colour bar in the rectangle with the scale r on side 0..3 (lower, left, upper, right), as
+// ZAXIS and the bar of GRAF3 draw it: stripes of the COLRAN entries, the FRMBAR frame.
+void colour_bar_at(const Rect &bar, bool vertical, const AxisRange &r, int side, const std::string &name);
 // Label texts with the label forms of axis 'form'.
 std::vector<AxisLabel> axis_labels(const AxisSettings &s, const AxisRange &r, int form);

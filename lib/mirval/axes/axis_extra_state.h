@@ -68,6 +68,7 @@ struct AxisExtraState {
   bool zero_label = true;          // EXPZLB: zero labelled on EXP axes
   int title_pos = 0;               // TITPOS: 0 above the axis system, 1 below it
   double bottom_room = 0;          // how far the lower side's ticks and labels reach down
+  double left_room = 0;            // how far the left side's ticks, labels and name reach left
   bool right_labels = false;       // RGTLAB: Y labels right-justified at the left side
   bool y_name_reversed = false;    // RVYNAM: Y name read from top to bottom
   // colour bars of ZAXIS

@@ -14,6 +14,43 @@
 #include <cmath>
 #include <string>
 
+// A colour bar in the rectangle: stripes of the COLRAN entries along it, a frame (FRMBAR,
+// FRMCLR) and the scale r on the given side (0 lower, 1 left, 2 upper, 3 right) with its name.
+void colour_bar_at(const Rect &bar, bool vertical, const AxisRange &r, int side, const std::string &name) {
+  const MirvalState &st = mirval_state();
+  const AxisExtraState &x = st.axextra;
+  const GridState &g = st.grid;
+  int n = g.colour_hi - g.colour_lo + 1;
+  double len = vertical ? bar.y1 - bar.y0 : bar.x1 - bar.x0, d = len / n;
+  bool up = r.e > r.a;  // the lowest colour sits at the end with the lower value
+  for (int k = 0; k < n; ++k) {
+    int entry = up ? g.colour_lo + k : g.colour_hi - k;
+    // each stripe reaches into the next one, which covers it again: no seams in raster pictures
+    double s0 = k * d, s1 = k + 1 < n ? (k + 1.5) * d : len;
+    Path p = vertical ? rect_path(bar.x0, bar.y1 - s0, bar.x1, bar.y1 - s1) : rect_path(bar.x0 + s0, bar.y0, bar.x0 + s1, bar.y1);
+    fill_path(fit_path(p, page_rect(), true), table_rgb(entry));
+  }
+  if (x.bar_frame > 0) {
+    Rgb frgb = x.frame_colour >= 0 ? table_rgb(x.frame_colour) : pen_rgb();
+    stroke_polyline({{bar.x0, bar.y0}, {bar.x1, bar.y0}, {bar.x1, bar.y1}, {bar.x0, bar.y1}, {bar.x0, bar.y0}},
+                    page_rect(), frgb, x.bar_frame, {});
+  }
+  // the scale's own line would cover the frame: it is the frame
+  AxesState &ax = mirval_state().axes;
+  int frame = mirval_state().pen.frame;
+  mirval_state().pen.frame = std::max(1, x.bar_frame);
+  AxesState saved = ax;
+  ax.box = bar;
+  int axis = side % 2;
+  ax.range[axis] = r;
+  ax.axis[axis] = saved.axis[2];
+  ax.axis[axis].name = name;
+  ax.sides[side] = 4;
+  axis_side(side, 2);
+  ax = saved;
+  mirval_state().pen.frame = frame;
+}
+
 namespace {
 
 // The range of a stand-alone axis: ends a and b, labels from orig in steps (exponents on log
@@ -109,40 +146,10 @@ void z_axis(const char *routine, float a, float b, float orig, float step, int n
   if (!stand_range(routine, a, b, orig, step, log, r)) return;
   const MirvalState &st = mirval_state();
   const AxisExtraState &x = st.axextra;
-  const GridState &g = st.grid;
-  double w = g.bar_width, px = nx + x.origin_x, py = page_y(ny + x.origin_y);
+  double w = st.grid.bar_width, px = nx + x.origin_x, py = page_y(ny + x.origin_y);
   bool vertical = ndir == 0;
   Rect bar = vertical ? Rect{px, py - nl, px + w, py} : Rect{px, py - w, px + nl, py};
-  int n = g.colour_hi - g.colour_lo + 1;
-  double len = vertical ? bar.y1 - bar.y0 : bar.x1 - bar.x0, d = len / n;
-  bool up = r.e > r.a;  // the lowest colour sits at the end with the lower value
-  for (int k = 0; k < n; ++k) {
-    int entry = up ? g.colour_lo + k : g.colour_hi - k;
-    // each stripe reaches into the next one, which covers it again: no seams in raster pictures
-    double s0 = k * d, s1 = k + 1 < n ? (k + 1.5) * d : len;
-    Path p = vertical ? rect_path(bar.x0, bar.y1 - s0, bar.x1, bar.y1 - s1) : rect_path(bar.x0 + s0, bar.y0, bar.x0 + s1, bar.y1);
-    fill_path(fit_path(p, page_rect(), true), table_rgb(entry));
-  }
-  if (x.bar_frame > 0) {
-    Rgb frgb = x.frame_colour >= 0 ? table_rgb(x.frame_colour) : pen_rgb();
-    stroke_polyline({{bar.x0, bar.y0}, {bar.x1, bar.y0}, {bar.x1, bar.y1}, {bar.x0, bar.y1}, {bar.x0, bar.y0}},
-                    page_rect(), frgb, x.bar_frame, {});
-  }
-  int side = vertical ? (it == 0 ? 3 : 1) : (it == 0 ? 0 : 2);
-  // the scale's own line would cover the frame: it is the frame
-  AxesState &ax = mirval_state().axes;
-  int frame = mirval_state().pen.frame;
-  mirval_state().pen.frame = std::max(1, x.bar_frame);
-  AxesState saved = ax;
-  ax.box = bar;
-  int axis = side % 2;
-  ax.range[axis] = r;
-  ax.axis[axis] = saved.axis[2];
-  ax.axis[axis].name = trimmed(cstr);
-  ax.sides[side] = 4;
-  axis_side(side, 2);
-  ax = saved;
-  mirval_state().pen.frame = frame;
+  colour_bar_at(bar, vertical, r, vertical ? (it == 0 ? 3 : 1) : (it == 0 ? 0 : 2), trimmed(cstr));
 }
 
 }  // namespace
@@ -183,6 +190,35 @@ void zaxlg(float x1, float x2, float x3, float x4, int n1, const char *c, int n2
   mv_tracef("zaxlg(%g, %g, %g, %g, %d, %s, %d, %d, %d, %d)", (double)x1, (double)x2, (double)x3, (double)x4, n1,
             mv_tstr(c).c_str(), n2, n3, n4, n5);
   z_axis("zaxlg", x1, x2, x3, x4, n1, c, n2, n3, n4, n5, true);
+}
+
+void posbar(const char *c) {
+  mv_tracef("posbar(%s)", mv_tstr(c).c_str());
+  static const char *places[] = {"RIGHT", "TOP", "BOTTOM", "LEFT"};
+  for (int k = 0; k < 4; ++k)
+    if (same(c, places[k])) {
+      mirval_state().axextra.bar_pos = k;
+      return;
+    }
+  mv_warn("posbar", "unknown position %s (RIGHT, TOP, BOTTOM or LEFT)", mv_tstr(c).c_str());
+}
+
+void jusbar(const char *c) {
+  mv_tracef("jusbar(%s)", mv_tstr(c).c_str());
+  static const char *places[] = {"START", "CENTER", "END"};
+  for (int k = 0; k < 3; ++k)
+    if (same(c, places[k])) {
+      mirval_state().axextra.bar_just = k;
+      return;
+    }
+  mv_warn("jusbar", "unknown justification %s (START, CENTER or END)", mv_tstr(c).c_str());
+}
+
+void spcbar(int n) {
+  mv_tracef("spcbar(%d)", n);
+  if (!in_range("spcbar", "space", n, -10000, 10000)) return;
+  mirval_state().axextra.bar_space = n;
+  mirval_state().grid.bar_gap = n;  // the right bar's gap is VKXBAR's
 }
 
 void frmbar(int n) {

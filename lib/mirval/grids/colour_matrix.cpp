@@ -21,28 +21,36 @@ namespace {
 void colour_bar() {
   MirvalState &st = mirval_state();
   const GridState &g = st.grid;
+  AxisExtraState &x = st.axextra;
   AxesState &ax = st.axes;
-  Rect b = ax.box;
-  Rect bar{b.x1 + g.bar_gap, b.y0 - g.bar_shift, b.x1 + g.bar_gap + g.bar_width, b.y1 - g.bar_shift};
-  int n = g.colour_hi - g.colour_lo + 1;
-  double h = (bar.y1 - bar.y0) / n;
-  for (int k = 0; k < n; ++k) {
-    // each stripe reaches into the next one, which covers it again: no seams in raster pictures
-    double top = k + 1 < n ? bar.y1 - (k + 1.5) * h : bar.y0;
-    fill_path(fit_path(rect_path(bar.x0, bar.y1 - k * h, bar.x1, top), page_rect(), true),
-              table_rgb(g.colour_lo + k));
+  const Rect b = ax.box;
+  double w = g.bar_width;
+  if (x.bar_pos == 0) {  // RIGHT: as tall as the Y axis, VKXBAR (SPCBAR) beside it, VKYBAR up
+    colour_bar_at({b.x1 + g.bar_gap, b.y0 - g.bar_shift, b.x1 + g.bar_gap + w, b.y1 - g.bar_shift}, true, g.z, 3,
+                  ax.axis[2].name);
+    return;
   }
-  double frame = std::max(1, st.pen.frame);
-  stroke_polyline({{bar.x1, bar.y0}, {bar.x0, bar.y0}, {bar.x0, bar.y1}, {bar.x1, bar.y1}}, page_rect(),
-                  pen_rgb(), frame, {});
-  // the right side of the bar is drawn as the right side of an axis system made of the bar
-  AxesState saved = ax;
-  ax.box = bar;
-  ax.range[1] = g.z;
-  ax.axis[1] = ax.axis[2];
-  ax.sides[3] = 4;
-  axis_side(3);
-  ax = saved;
+  if (x.bar_pos == 3) {  // LEFT: beyond the Y axis's labels and name
+    double x1 = b.x0 - x.left_room - x.bar_space;
+    colour_bar_at({x1 - w, b.y0, x1, b.y1}, true, g.z, 1, ax.axis[2].name);
+    return;
+  }
+  // TOP or BOTTOM: four fifths of the X axis long, placed along it as JUSBAR says; a title
+  // (above or below) makes room for it
+  double len = 0.8 * (b.x1 - b.x0);
+  double x0 = x.bar_just == 0 ? b.x0 : x.bar_just == 2 ? b.x1 - len : (b.x0 + b.x1 - len) / 2;
+  double before = ax.title_room, below = x.bottom_room;
+  if (x.bar_pos == 1) {
+    double y1 = b.y0 - ax.title_room - x.bar_space;
+    Rect bar{x0, y1 - w, x0 + len, y1};
+    colour_bar_at(bar, false, g.z, 2, ax.axis[2].name);
+  } else {
+    double y0 = b.y1 + x.bottom_room + x.bar_space;
+    colour_bar_at({x0, y0, x0 + len, y0 + w}, false, g.z, 0, ax.axis[2].name);
+  }
+  // titles keep clear of the bar and its scale
+  if (x.bar_pos == 1) ax.title_room = before + x.bar_space + w + st.text.height * 2.5;
+  else x.bottom_room = below + x.bar_space + w + st.text.height * 2.5;
 }
 
 // How far the bar with its ticks, labels and name reaches right of the axis system.
@@ -144,16 +152,34 @@ void graf3(float xa, float xe, float xor_, float xstp, float ya, float ye, float
   if (!axis_range("graf3", 2, za, ze, zor, zstp, ax.len[1], z)) return;
   // the X axis gives way where the bar would not fit on the page beside it
   int length = ax.len[0];
-  if (st.grid.bar) {
+  if (st.grid.bar && st.axextra.bar_pos == 0) {
     int room = static_cast<int>(std::ceil(bar_room(z)));
     length = std::clamp(st.page.width - ax.posx - room, std::min(length, 100), length);
   }
+  // a bar on the left or below moves the axis system over and shortens its axis, as far as
+  // the axis can give (down to 100 units)
+  int shift_x = 0, lift = 0, height = ax.len[1];
+  const AxisExtraState &bx = st.axextra;
+  if (st.grid.bar && bx.bar_pos == 3) {
+    shift_x = static_cast<int>(std::ceil(bar_room(z) - st.grid.bar_gap + bx.bar_space));
+    shift_x = std::clamp(shift_x, 0, std::max(0, length - 100));
+    length -= shift_x;
+  }
+  if (st.grid.bar && bx.bar_pos == 2) {
+    const AxisSettings &s = ax.axis[2];
+    double need = bx.bar_space + st.grid.bar_width + ax.ticlen_major + s.labdis + 1.5 * st.text.height +
+                  (s.name.empty() ? 0 : s.namdis + ax.hname);
+    lift = std::clamp(static_cast<int>(std::ceil(need)), 0, std::max(0, height - 100));
+    height -= lift;
+  }
   if (!axis_range("graf3", 0, xa, xe, xor_, xstp, length, r[0]) ||
-      !axis_range("graf3", 1, ya, ye, yor, ystp, ax.len[1], r[1]))
+      !axis_range("graf3", 1, ya, ye, yor, ystp, height, r[1]))
     return;
-  std::swap(ax.len[0], length);
+  AxesState placed = ax;
+  ax.len[0] = length, ax.len[1] = height;
+  ax.posx += shift_x, ax.posy += st.page.bottom ? lift : -lift;
   axis_system(r);
-  std::swap(ax.len[0], length);
+  ax.len = placed.len, ax.posx = placed.posx, ax.posy = placed.posy;
   st.grid.colour_axis = true;
   st.grid.z = z;
   if (st.grid.bar) colour_bar();
