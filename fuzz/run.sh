@@ -26,6 +26,7 @@ for t in $targets; do
   done
   # Scripts may declare large arrays: they get "Not enough memory", not an abort.
   FUZZ_OUT=$build ASAN_OPTIONS=allocator_may_return_null=1:max_allocation_size_mb=64:detect_leaks=1 \
+    LSAN_OPTIONS=suppressions=$src/fuzz/lsan.supp \
     nice -n 19 "$build/fuzz/fuzz_$t" "$corpus" -max_total_time="$seconds" -timeout=120 \
     -rss_limit_mb=2048 -malloc_limit_mb=4096 -close_fd_mask=1 -print_final_stats=1 \
     -artifact_prefix="$build/crashes/$t-" < /dev/null || status=1
