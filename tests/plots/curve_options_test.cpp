@@ -319,3 +319,18 @@ TEST_F(PlotsTest, ConnptAndRlconnDrawFromTheCurrentPoint) {
   EXPECT_EQ(since(items(ItemKind::Stroke), before).size(), 2u);
   finish();
 }
+
+TEST_F(PlotsTest, GraceLetsCurvesReachBeyondTheFrame) {
+  open("grace.svg");
+  axes();
+  const Rect b = mirval_state().axes.box;
+  float x[2] = {0, 10.2f}, y[2] = {5, 5};  // 0.2 units (44 plot units) past the right end
+  size_t before = items(ItemKind::Stroke).size();
+  curve(x, y, 2);
+  EXPECT_NEAR(since(items(ItemKind::Stroke), before)[0]->path.pts.back().x, b.x1, 1e-6);
+  grace(100);
+  before = items(ItemKind::Stroke).size();
+  curve(x, y, 2);
+  EXPECT_NEAR(since(items(ItemKind::Stroke), before)[0]->path.pts.back().x, b.x1 + 44, 1e-3);  // a float 10.2
+  finish();
+}

@@ -24,7 +24,12 @@ Rect page_rect() {
 Rect user_clip() {
   const MirvalState &st = mirval_state();
   switch (st.pen.clip) {
-    case ClipMode::Axis: return st.level >= 2 ? st.axes.box : page_rect();
+    case ClipMode::Axis: {
+      if (st.level < 2) return page_rect();
+      double g = st.axextra.grace;  // GRACE: curves may reach that far beyond the frame
+      const Rect &b = st.axes.box;
+      return {b.x0 - g, b.y0 - g, b.x1 + g, b.y1 + g};
+    }
     case ClipMode::Window: return st.pen.window;
     default: return page_rect();
   }
