@@ -166,6 +166,10 @@ TEST_F(PlotsTest, BarsCarryTheirValuesWhenAsked) {
   bars(x, y1, y2, 3);
   std::vector<std::string> t = texts();
   for (const char *want : {"5", "2.5", "7"}) EXPECT_NE(std::find(t.begin(), t.end(), want), t.end()) << want;
+  labdig(2, "BARS");  // the bars' own decimals, whatever the Y axis has
+  bars(x, y1, y2, 3);
+  t = texts();
+  for (const char *want : {"5.00", "2.50", "7.00"}) EXPECT_NE(std::find(t.begin(), t.end(), want), t.end()) << want;
   finish();
 }
 

@@ -699,6 +699,7 @@ void digits(int ndig, const char *cax) {
 void labdig(int n, const char *c) {
   mv_tracef("labdig(%d, %s)", n, mv_tstr(c).c_str());
   if (n < -1) mv_warn("labdig", "number of decimals %d below -1", n);
+  else if (!axis_bits(c) && c && *c) mirval_state().axes.other_digits[upper(c)] = n;  // 'BARS' ...
   else for_axes("labdig", c, [&](AxisSettings &s) { s.digits = n; });
 }
 

@@ -32,7 +32,7 @@ const Entry entries[] = {
     {"SETSCL", axis_field<&AxisSettings::autoscale>},
     {"AXSSCL SCALE", axis_field<&AxisSettings::log>},
     {"LABELS", [](MirvalState &s) { axis_field<&AxisSettings::labels>(s); s.axes.other_labels.clear(); }},
-    {"DIGITS LABDIG", axis_field<&AxisSettings::digits>},
+    {"DIGITS LABDIG", [](MirvalState &s) { axis_field<&AxisSettings::digits>(s); s.axes.other_digits.clear(); }},
     {"TICKS", axis_field<&AxisSettings::ticks>},
     {"TICPOS", axis_field<&AxisSettings::ticpos>},
     {"NAME", axis_field<&AxisSettings::name>},

@@ -115,6 +115,7 @@ struct AxesState {
   Just title_just = Just::Center;  // TITJUS
   std::array<int, 4> sides{4, 4, 2, 2};  // SETGRF: 0 NONE 1 LINE 2 TICKS 3 LABELS 4 NAME
   std::map<std::string, LabelType> other_labels;  // LABELS for 'CONTOUR', 'BAR' ...
+  std::map<std::string, int> other_digits;        // LABDIG for 'BARS' ...
   // the current axis system
   std::array<AxisRange, 2> range;
   Rect box;                        // its rectangle on the page

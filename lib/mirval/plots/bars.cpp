@@ -102,7 +102,8 @@ void bar_label(const std::vector<Pt> &rect, double value, bool positive, double 
   auto it = st.axes.other_labels.find("BARS");
   if (it == st.axes.other_labels.end() || it->second == LabelType::None) return;
   bool hori = st.chart.horizontal;
-  int digits = st.axes.axis[hori ? 0 : 1].digits;
+  auto own = st.axes.other_digits.find("BARS");  // LABDIG(n, 'BARS'), else the value axis's
+  int digits = own != st.axes.other_digits.end() ? own->second : st.axes.axis[hori ? 0 : 1].digits;
   std::string text = chart_value(value, it->second, digits);
   if (text.empty()) return;
   LabelTarget target;
