@@ -375,6 +375,9 @@ static void leave_loop(int level, bool replay) {
 // Advances the DO loop variable; true while the loop goes on.
 static bool next_iteration(DoRecord &d) {
   VarRecord &v = varlist[d.var];
+  // a body that freed or declared its loop variable anew has ended the loop: its storage is
+  // no number any more
+  if (v.type != (d.isdouble ? T_DOUBLE : T_INT)) return false;
   if (d.isdouble) {
     v.value.d += d.dstep;
     return d.dstep > 0 ? v.value.d <= d.dend : v.value.d >= d.dend;

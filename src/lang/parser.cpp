@@ -151,6 +151,12 @@ int pop_stack() {
 
 int free_stack(int mark) {
   for (int i = mark; i < g_nstack; ++i) release_storage(&stacklist[i]);
+  // a mark above the top (a function whose arguments an error already took) brings back
+  // entries whose storage is gone: they return as INT 0, never as their old arrays
+  for (int i = g_nstack; i < mark && i < MAXSTACK; ++i) {
+    stacklist[i].type = T_INT, stacklist[i].count = 1, stacklist[i].ndim = 1;
+    stacklist[i].dims = nullptr, stacklist[i].value.p = nullptr;
+  }
   g_nstack = mark;
   return 0;
 }
