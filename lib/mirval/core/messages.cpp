@@ -4,8 +4,6 @@
 
 #include <cstdarg>
 #include <cstdio>
-#include <set>
-#include <string>
 
 namespace {
 
@@ -46,11 +44,6 @@ void mv_note(const char *fmt, ...) {
   va_start(ap, fmt);
   mv_vline(fp, fmt, ap);
   va_end(ap);
-}
-
-void mv_unavailable(const char *routine) {
-  static std::set<std::string> said;
-  if (said.insert(routine).second) mv_warn(routine, "not available in this build");
 }
 
 bool mv_level(const char *routine, int lo, int hi) {

@@ -6,7 +6,5 @@ void mv_warn(const char *routine, const char *fmt, ...) __attribute__((format(pr
 void mv_error(const char *routine, const char *fmt, ...) __attribute__((format(printf, 2, 3)));
 // Informational line such as "mirval: wrote FILE (FORMAT, W x H)"; silenced like warnings.
 void mv_note(const char *fmt, ...) __attribute__((format(printf, 1, 2)));
-// Warns once per routine that this build cannot perform it.
-void mv_unavailable(const char *routine);
 // Checks that the library level lies in lo..hi; otherwise warns and returns false.
 bool mv_level(const char *routine, int lo, int hi);
