@@ -18,16 +18,6 @@ namespace {
 
 AxisExtraState &extra() { return mirval_state().axextra; }
 
-int keyword(const char *routine, const char *what, const char *c, std::initializer_list<const char *> words) {
-  int k = 0;
-  for (const char *w : words) {
-    if (same(c, w)) return k;
-    ++k;
-  }
-  mv_warn(routine, "unknown %s %s", what, mv_tstr(c).c_str());
-  return -1;
-}
-
 template <class F>
 void for_forms(const char *routine, const char *cax, F f) {
   int bits = axis_bits(cax);

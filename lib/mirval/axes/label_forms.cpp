@@ -28,17 +28,6 @@ bool for_forms(const char *routine, const char *cax, F f) {
   return true;
 }
 
-// Index of a keyword among the given ones, or -1 after a warning naming the argument.
-int keyword(const char *routine, const char *what, const char *c, std::initializer_list<const char *> words) {
-  int k = 0;
-  for (const char *w : words) {
-    if (same(c, w)) return k;
-    ++k;
-  }
-  mv_warn(routine, "unknown %s %s", what, mv_tstr(c).c_str());
-  return -1;
-}
-
 // The chart targets whose labels LABPOS, LABJUS and LABCLR set besides the axes.
 bool is_target(const char *c) { return same(c, "BARS") || same(c, "PIE"); }
 

@@ -194,24 +194,16 @@ void zaxlg(float x1, float x2, float x3, float x4, int n1, const char *c, int n2
 
 void posbar(const char *c) {
   mv_tracef("posbar(%s)", mv_tstr(c).c_str());
-  static const char *places[] = {"RIGHT", "TOP", "BOTTOM", "LEFT"};
-  for (int k = 0; k < 4; ++k)
-    if (same(c, places[k])) {
-      mirval_state().axextra.bar_pos = k;
-      return;
-    }
-  mv_warn("posbar", "unknown position %s (RIGHT, TOP, BOTTOM or LEFT)", mv_tstr(c).c_str());
+  int k = keyword_index(c, {"RIGHT", "TOP", "BOTTOM", "LEFT"});
+  if (k >= 0) mirval_state().axextra.bar_pos = k;
+  else mv_warn("posbar", "unknown position %s (RIGHT, TOP, BOTTOM or LEFT)", mv_tstr(c).c_str());
 }
 
 void jusbar(const char *c) {
   mv_tracef("jusbar(%s)", mv_tstr(c).c_str());
-  static const char *places[] = {"START", "CENTER", "END"};
-  for (int k = 0; k < 3; ++k)
-    if (same(c, places[k])) {
-      mirval_state().axextra.bar_just = k;
-      return;
-    }
-  mv_warn("jusbar", "unknown justification %s (START, CENTER or END)", mv_tstr(c).c_str());
+  int k = keyword_index(c, {"START", "CENTER", "END"});
+  if (k >= 0) mirval_state().axextra.bar_just = k;
+  else mv_warn("jusbar", "unknown justification %s (START, CENTER or END)", mv_tstr(c).c_str());
 }
 
 void spcbar(int n) {

@@ -443,15 +443,6 @@ void draw_streamlines(const std::vector<std::vector<Pt>> &lines) {
   if (!heads.empty()) fill_path(heads, pen_rgb());
 }
 
-int keyword_index(const char *c, std::initializer_list<const char *> words) {
-  int k = 0;
-  for (const char *w : words) {
-    if (same(c, w)) return k;
-    ++k;
-  }
-  return -1;
-}
-
 }  // namespace
 
 extern "C" {

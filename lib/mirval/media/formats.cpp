@@ -18,11 +18,7 @@ void keep(const char *format, const char *key, const std::string &value) {
   mirval_state().media.formats[std::string(format) + "." + key] = value;
 }
 
-bool one_of(const char *c, std::initializer_list<const char *> words) {
-  for (const char *w : words)
-    if (same(c, w)) return true;
-  return false;
-}
+bool one_of(const char *c, std::initializer_list<const char *> words) { return keyword_index(c, words) >= 0; }
 
 std::string list_of(std::initializer_list<const char *> words) {
   std::string s;

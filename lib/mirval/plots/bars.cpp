@@ -267,14 +267,9 @@ void baropt(float x1, float x2) {
 
 void chnbar(const char *c) {
   mv_tracef("chnbar(%s)", mv_tstr(c).c_str());
-  static const char *modes[] = {"NONE", "COLOR", "PATTERN", "BOTH"};
-  for (int i = 0; i < 4; ++i)
-    if (same(c, modes[i])) {
-      mirval_state().chart.bar_change = i;
-      mirval_state().chart.bar_changed = 0;
-      return;
-    }
-  mv_warn("chnbar", "unknown option %s", mv_tstr(c).c_str());
+  int k = keyword_index(c, {"NONE", "COLOR", "PATTERN", "BOTH"});
+  if (k >= 0) mirval_state().chart.bar_change = k, mirval_state().chart.bar_changed = 0;
+  else mv_warn("chnbar", "unknown option %s", mv_tstr(c).c_str());
 }
 
 void fbars(const float *xray, const float *y1ray, const float *y2ray, const float *y3ray, const float *y4ray, int n) {

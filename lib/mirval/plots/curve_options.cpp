@@ -44,6 +44,14 @@ bool switch_mode(const char *routine, const char *mode, const char *what, const 
   return true;
 }
 
+// A flag that one of the 'on' keywords sets and one of the 'off' keywords clears.
+void set_flag(const char *routine, const char *c, bool &flag, std::initializer_list<const char *> on,
+              std::initializer_list<const char *> off) {
+  if (keyword_index(c, on) >= 0) flag = true;
+  else if (keyword_index(c, off) >= 0) flag = false;
+  else mv_warn(routine, "unknown mode %s (%s or %s)", TSTR(c), *on.begin(), *off.begin());
+}
+
 }  // namespace
 
 extern "C" {
@@ -121,10 +129,7 @@ void gapsiz(float x, const char *c) {
 
 void nancrv(const char *c) {
   mv_tracef("nancrv(%s)", TSTR(c));
-  bool &gaps = mirval_state().chart.nan_gaps;
-  if (same(c, "ON") || same(c, "GAP")) gaps = true;
-  else if (same(c, "OFF") || same(c, "JOIN")) gaps = false;
-  else mv_warn("nancrv", "unknown mode %s (ON or OFF)", TSTR(c));
+  set_flag("nancrv", c, mirval_state().chart.nan_gaps, {"ON", "GAP"}, {"OFF", "JOIN"});
 }
 
 void symrot(float x) {
@@ -173,10 +178,7 @@ void polmod(const char *c1, const char *c2) {
 
 void clrmod(const char *c) {
   mv_tracef("clrmod(%s)", TSTR(c));
-  bool &grey = mirval_state().chart.grey;
-  if (same(c, "GREY") || same(c, "GRAY")) grey = true;
-  else if (same(c, "FULL") || same(c, "COLOR")) grey = false;
-  else mv_warn("clrmod", "unknown mode %s (FULL or GREY)", TSTR(c));
+  set_flag("clrmod", c, mirval_state().chart.grey, {"GREY", "GRAY"}, {"FULL", "COLOR"});
 }
 
 void noarln(void) {

@@ -404,13 +404,9 @@ void pierot(float x) {
 
 void chnpie(const char *c) {
   mv_tracef("chnpie(%s)", mv_tstr(c).c_str());
-  static const char *modes[] = {"NONE", "COLOR", "PATTERN", "BOTH"};
-  for (int i = 0; i < 4; ++i)
-    if (same(c, modes[i])) {
-      mirval_state().chart.pie_change = i;
-      return;
-    }
-  mv_warn("chnpie", "unknown option %s", mv_tstr(c).c_str());
+  int k = keyword_index(c, {"NONE", "COLOR", "PATTERN", "BOTH"});
+  if (k >= 0) mirval_state().chart.pie_change = k;
+  else mv_warn("chnpie", "unknown option %s", mv_tstr(c).c_str());
 }
 
 void piecbk(MvPieCb cb) {
