@@ -15,29 +15,9 @@
 
 namespace {
 
-class FieldPicture : public LibraryTest {
+class FieldPicture : public PageTest {
  protected:
-  void open(const std::string &file) {
-    file_ = file;
-    std::string ext = file.substr(file.rfind('.') + 1);
-    for (char &c : ext) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-    metafl(ext.c_str());
-    setfil(file.c_str());
-    mirini();
-  }
-  // Writes the file now (kept in MIRVAL_FIELD_KEEP when set) and returns its text.
-  std::string finish() {
-    sendbf();
-    const char *keep = std::getenv("MIRVAL_FIELD_KEEP");
-    if (keep && *keep) {
-      std::string cmd = "cp '" + file_ + "' '" + keep + "/" +
-                        ::testing::UnitTest::GetInstance()->current_test_info()->name() + "-" + file_ + "'";
-      EXPECT_EQ(std::system(cmd.c_str()), 0);
-    }
-    return read_file(file_);
-  }
   size_t items() const { return mirval_state().scene.pages.empty() ? 0 : mirval_state().scene.current().items.size(); }
-  std::string file_;
 };
 
 // The subpaths of the path elements of an SVG file, in points: each a list of "M/L" points.

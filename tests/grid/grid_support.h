@@ -1,14 +1,5 @@
-// Helpers of the grid tests: pictures can be kept for a person to look at (MIRVAL_GRID_KEEP=dir).
+// Helpers of the grid tests: a page drawn into a file (MIRVAL_TEST_KEEP=dir keeps it).
 #pragma once
 #include "library_test.h"
 
-#include <string>
-
-class GridTest : public LibraryTest {
- protected:
-  // Opens a page writing the given file (format from its extension).
-  void open(const std::string &file);
-  // Writes the file now and copies it to MIRVAL_GRID_KEEP when that is set.
-  std::string finish();
-  std::string file_;
-};
+using GridTest = PageTest;

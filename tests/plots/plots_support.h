@@ -7,13 +7,8 @@
 #include <string>
 #include <vector>
 
-class PlotsTest : public LibraryTest {
+class PlotsTest : public PageTest {
  protected:
-  // Opens a page writing the given file (format from its extension).
-  void open(const std::string &file);
-  // Writes the file now and returns its bytes.
-  std::string finish();
   std::vector<const Item *> items(ItemKind kind) const;
   std::vector<std::string> texts() const;
-  std::string file_;
 };

@@ -1,6 +1,7 @@
 #include "library_test.h"
 #include "mirval.h"
 
+#include <cctype>
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
@@ -24,6 +25,26 @@ void LibraryTest::TearDown() {
   ASSERT_EQ(chdir(old_dir_.c_str()), 0);
   std::string cmd = "rm -rf '" + dir_ + "'";
   ASSERT_EQ(std::system(cmd.c_str()), 0);
+}
+
+void PageTest::open(const std::string &file) {
+  file_ = file;
+  std::string ext = file.substr(file.rfind('.') + 1);
+  for (char &c : ext) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+  metafl(ext.c_str());
+  setfil(file.c_str());
+  mirini();
+}
+
+std::string PageTest::finish() {
+  sendbf();
+  const char *keep = std::getenv("MIRVAL_TEST_KEEP");
+  if (keep && *keep) {
+    const ::testing::TestInfo *t = ::testing::UnitTest::GetInstance()->current_test_info();
+    std::string cmd = "cp '" + file_ + "' '" + keep + "/" + t->name() + "-" + file_ + "'";
+    EXPECT_EQ(std::system(cmd.c_str()), 0);
+  }
+  return read_file(file_);
 }
 
 std::string read_file(const std::string &name) {

@@ -16,6 +16,16 @@ class LibraryTest : public ::testing::Test {
   std::string dir_, old_dir_;
 };
 
+// A test that draws one page into a file: open() chooses the format by the file's extension
+// and opens the page; finish() writes it and returns its bytes, keeping a copy in the folder
+// MIRVAL_TEST_KEEP names (so that a person can look at the pictures).
+class PageTest : public LibraryTest {
+ protected:
+  void open(const std::string &file);
+  std::string finish();
+  std::string file_;
+};
+
 std::string read_file(const std::string &name);
 bool file_exists(const std::string &name);
 // How often 'what' stands in 'text', without overlaps.
