@@ -93,6 +93,26 @@ bool matrix(const char *routine, const float *z, int nx, int ny) {
   return data(routine, z, nx * ny, 4);
 }
 
+// QPLCLR and QPLSUR: the matrix over the grid 1..nx by 1..ny as coloured cells (GRAF3,
+// CRVMAT) or as a surface (GRAF3D, SURFCE), scaled automatically or as QPLSCL says.
+void matrix_plot(const float *zmat, int nx, int ny, bool surface) {
+  bool opened = begin();
+  std::vector<float> x = count_up(nx, 1), y = count_up(ny, 1);
+  float rx[4], ry[4], rz[4];
+  scaled(0, x.data(), nx, rx);
+  scaled(1, y.data(), ny, ry);
+  float lo, hi;
+  extremes(zmat, nx * ny, lo, hi);
+  std::vector<float> zr{lo, hi};
+  scaled(2, zr.data(), 2, rz);
+  (surface ? graf3d : graf3)(rx[0], rx[1], rx[2], rx[3], ry[0], ry[1], ry[2], ry[3], rz[0], rz[1], rz[2], rz[3]);
+  reset("SETSCL");
+  title();
+  if (surface) surfce(x.data(), nx, y.data(), ny, zmat);
+  else crvmat(zmat, nx, ny, 1, 1);
+  end(opened);
+}
+
 }  // namespace
 
 extern "C" {
@@ -181,21 +201,7 @@ void qplpie(const float *xray, int n) {
 
 void qplclr(const float *zmat, int nx, int ny) {
   mv_tracef("qplclr(zmat=%s, nx=%d, ny=%d)", mv_tarr(nx * ny, "floats").c_str(), nx, ny);
-  if (!matrix("qplclr", zmat, nx, ny)) return;
-  bool opened = begin();
-  std::vector<float> x = count_up(nx, 1), y = count_up(ny, 1);
-  float rx[4], ry[4], rz[4];
-  scaled(0, x.data(), nx, rx);
-  scaled(1, y.data(), ny, ry);
-  float lo, hi;
-  extremes(zmat, nx * ny, lo, hi);
-  std::vector<float> zr{lo, hi};
-  scaled(2, zr.data(), 2, rz);
-  graf3(rx[0], rx[1], rx[2], rx[3], ry[0], ry[1], ry[2], ry[3], rz[0], rz[1], rz[2], rz[3]);
-  reset("SETSCL");
-  title();
-  crvmat(zmat, nx, ny, 1, 1);
-  end(opened);
+  if (matrix("qplclr", zmat, nx, ny)) matrix_plot(zmat, nx, ny, false);
 }
 
 void qplcon(const float *zmat, int nx, int ny, int nlev) {
@@ -220,21 +226,7 @@ void qplcon(const float *zmat, int nx, int ny, int nlev) {
 
 void qplsur(const float *zmat, int nx, int ny) {
   mv_tracef("qplsur(zmat=%s, nx=%d, ny=%d)", mv_tarr(nx * ny, "floats").c_str(), nx, ny);
-  if (!matrix("qplsur", zmat, nx, ny)) return;
-  bool opened = begin();
-  std::vector<float> x = count_up(nx, 1), y = count_up(ny, 1);
-  float rx[4], ry[4], rz[4];
-  scaled(0, x.data(), nx, rx);
-  scaled(1, y.data(), ny, ry);
-  float lo, hi;
-  extremes(zmat, nx * ny, lo, hi);
-  std::vector<float> zr{lo, hi};
-  scaled(2, zr.data(), 2, rz);
-  graf3d(rx[0], rx[1], rx[2], rx[3], ry[0], ry[1], ry[2], ry[3], rz[0], rz[1], rz[2], rz[3]);
-  reset("SETSCL");
-  title();
-  surfce(x.data(), nx, y.data(), ny, zmat);
-  end(opened);
+  if (matrix("qplsur", zmat, nx, ny)) matrix_plot(zmat, nx, ny, true);
 }
 
 void qplscl(float x1, float x2, float x3, float x4, const char *c) {
