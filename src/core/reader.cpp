@@ -243,7 +243,8 @@ static void finish_statement() {
       if (nkeep > 0) {
         exec_stmt(cstmt);
         while (nstptr < nstrec) {
-          exec_stmt(stlist[nstptr]);
+          // -1: a jump to the first stored statement, made as if from a replayed one
+          if (nstptr >= 0) exec_stmt(stlist[nstptr]);
           ++nstptr;
         }
       }
