@@ -228,6 +228,7 @@ static int index_value(int32_t *out) {
     return 1;
   }
   *out = stacklist[g_nstack - 1].value.i;
+  free_stack(mark);  // the number is taken; nothing of the expression stays behind
   return 0;
 }
 
