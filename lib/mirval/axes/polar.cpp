@@ -85,6 +85,18 @@ void circle(Pt c, double r, Rgb rgb, double width) {
   stroke_path(fit_path(p, page_rect(), false), rgb, width, {});
 }
 
+// The disc of a polar or Smith chart: the AXSBGD background, then its rim.
+void chart_disc(Pt c, double r, Rgb rgb, double width) {
+  int back = mirval_state().axextra.background;
+  if (back >= 0) {
+    Path p;
+    arc_path(p, c, r, r, 0, 360, 0, true);
+    p.close();
+    fill_path(p, table_rgb(back));
+  }
+  circle(c, r, rgb, width);
+}
+
 // Places the square axis system of a chart (the circle's box) at AXSPOS and AXSLEN: level 2.
 void chart_box(double rmax) {
   MirvalState &st = mirval_state();
@@ -215,13 +227,7 @@ void grafp(float xe, float xor_, float xstp, float yor, float ystp) {
   double width = std::max(1, st.pen.frame), h = st.text.height;
   Rgb rgb = frame_rgb();
   Pt c{x.cx, x.cy};
-  if (x.background >= 0) {
-    Path p;
-    arc_path(p, c, x.radius, x.radius, 0, 360, 0, true);
-    p.close();
-    fill_path(p, table_rgb(x.background));
-  }
-  circle(c, x.radius, rgb, width);
+  chart_disc(c, x.radius, rgb, width);
   // angle ticks and labels round the rim
   double tick = st.axes.ticlen_major, off = tick + st.axes.axis[1].labdis;
   int n = static_cast<int>(std::floor(360 / astep + 1e-9));
@@ -346,13 +352,7 @@ void grafr(const float *zre, const float *zimg, int n) {
   double width = std::max(1, st.pen.frame), h = st.text.height * 0.8;
   Rgb rgb = frame_rgb();
   Pt c{x.cx, x.cy};
-  if (x.background >= 0) {
-    Path p;
-    arc_path(p, c, x.radius, x.radius, 0, 360, 0, true);
-    p.close();
-    fill_path(p, table_rgb(x.background));
-  }
-  circle(c, x.radius, rgb, width);
+  chart_disc(c, x.radius, rgb, width);
   stroke_polyline({{c.x - x.radius, c.y}, {c.x + x.radius, c.y}}, page_rect(), rgb, width, {});
   double thin = std::max(1.0, width / 2);
   Rgb grid = rgb;
