@@ -3,31 +3,8 @@
 #include "mirval.h"
 
 #include <cctype>
-#include <cstdlib>
 #include <regex>
 #include <sstream>
-
-void AxesTest::open(const std::string &file) {
-  file_ = file;
-  std::string ext = file.substr(file.rfind('.') + 1);
-  for (char &c : ext) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-  metafl(ext.c_str());
-  setfil(file.c_str());
-  errmod("ALL", "OFF");
-  mirini();
-  errmod("ALL", "ON");
-}
-
-std::string AxesTest::finish() {
-  sendbf();
-  const char *keep = std::getenv("MIRVAL_AXES_KEEP");
-  if (keep && *keep) {
-    const ::testing::TestInfo *t = ::testing::UnitTest::GetInstance()->current_test_info();
-    std::string cmd = "cp '" + file_ + "' '" + keep + "/" + t->name() + "-" + file_ + "'";
-    EXPECT_EQ(std::system(cmd.c_str()), 0);
-  }
-  return read_file(file_);
-}
 
 const std::vector<Item> &items() { return mirval_state().scene.current().items; }
 

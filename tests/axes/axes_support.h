@@ -1,4 +1,5 @@
-// Helpers of the axes tests: pages written to files, the texts and strokes of the page.
+// Helpers of the axes tests: the texts and strokes of the page (pages are written as PageTest
+// writes them).
 #pragma once
 #include "core/state.h"
 #include "library_test.h"
@@ -6,14 +7,7 @@
 #include <string>
 #include <vector>
 
-class AxesTest : public LibraryTest {
- protected:
-  // Opens a page writing the given file (format from its extension).
-  void open(const std::string &file);
-  // Writes the file now (a copy goes to MIRVAL_AXES_KEEP when set) and returns its text.
-  std::string finish();
-  std::string file_;
-};
+using AxesTest = PageTest;
 
 const std::vector<Item> &items();
 // The text items of the current page, and the first one with this text (null when none).

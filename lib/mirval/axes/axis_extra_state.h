@@ -76,7 +76,6 @@ struct AxisExtraState {
   int frame_colour = -1;           // FRMCLR: colour of frames, -1 the pen's
   int bar_just = 1;                // JUSBAR: 0 START, 1 CENTER, 2 END (horizontal bars)
   int bar_pos = 0;                 // POSBAR: 0 RIGHT, 1 TOP, 2 BOTTOM, 3 LEFT
-  int bar_space = 85;              // SPCBAR: gap between bar and axis system
   // polar and Smith charts
   int circle_step = 10;            // CIRCSP: plot units per point of drawn circles
   int chart = 0;                   // the current axis system: 0 plain, 1 polar, 2 Smith

@@ -64,7 +64,6 @@ const ResetEntry axextra_resets[] = {
     {"FRMCLR", extra_field<&AxisExtraState::frame_colour>},
     {"JUSBAR", extra_field<&AxisExtraState::bar_just>},
     {"POSBAR", extra_field<&AxisExtraState::bar_pos>},
-    {"SPCBAR", extra_field<&AxisExtraState::bar_space>},
     {"CIRCSP", extra_field<&AxisExtraState::circle_step>},
     {"ORIGIN", [](MirvalState &s) { s.axextra.origin_x = extra0.origin_x, s.axextra.origin_y = extra0.origin_y; }},
     {"PAGHDR", [](MirvalState &s) {

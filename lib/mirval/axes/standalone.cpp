@@ -208,9 +208,7 @@ void jusbar(const char *c) {
 
 void spcbar(int n) {
   mv_tracef("spcbar(%d)", n);
-  if (!in_range("spcbar", "space", n, -10000, 10000)) return;
-  mirval_state().axextra.bar_space = n;
-  mirval_state().grid.bar_gap = n;  // the right bar's gap is VKXBAR's
+  if (in_range("spcbar", "space", n, -10000, 10000)) mirval_state().grid.bar_gap = n;  // VKXBAR's gap
 }
 
 void frmbar(int n) {

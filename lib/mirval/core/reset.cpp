@@ -87,7 +87,7 @@ const Entry entries[] = {
     {"SURVIS", [](MirvalState &s) { s.space.visible = space0.visible; }},
     {"SURMSH", [](MirvalState &s) { s.space.mesh = space0.mesh; }},
     {"NOBAR", [](MirvalState &s) { s.grid.bar = grid0.bar; }},
-    {"VKXBAR", [](MirvalState &s) { s.grid.bar_gap = grid0.bar_gap; }},
+    {"VKXBAR SPCBAR", [](MirvalState &s) { s.grid.bar_gap = grid0.bar_gap; }},
     {"VKYBAR", [](MirvalState &s) { s.grid.bar_shift = grid0.bar_shift; }},
     {"WIDBAR", [](MirvalState &s) { s.grid.bar_width = grid0.bar_width; }},
     {"COLRAN", [](MirvalState &s) { s.grid.colour_lo = grid0.colour_lo, s.grid.colour_hi = grid0.colour_hi; }},

@@ -41,13 +41,9 @@ void message_at(const std::string &text, double x, double y) {
   put_text(text, "", {x, y}, t.height, t.angle, t.just, VAlign::Top, pen_rgb());
   if (!st.chart.shield_messages) return;
   // SHIELD('MESSAG', 'ON'): the text's box, turned with it, keeps later curves off
-  double w = text_length(text, "", t.height), h = 1.4 * t.height;
+  double w = text_length(text, "", t.height);
   double x0 = t.just == Just::Left ? 0 : t.just == Just::Center ? -w / 2 : -w;
-  double a = t.angle * M_PI / 180, ca = std::cos(a), sa = std::sin(a);
-  std::vector<Pt> box;
-  for (Pt q : {Pt{x0, 0}, Pt{x0 + w, 0}, Pt{x0 + w, h}, Pt{x0, h}})
-    box.push_back({x + q.x * ca + q.y * sa, y - q.x * sa + q.y * ca});
-  add_shield(box, true);
+  add_shield(turned_rect({x, y}, x0, w, 1.4 * t.height, t.angle), true);
 }
 
 }  // namespace

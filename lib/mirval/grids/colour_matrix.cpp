@@ -25,13 +25,14 @@ void colour_bar() {
   AxesState &ax = st.axes;
   const Rect b = ax.box;
   double w = g.bar_width;
-  if (x.bar_pos == 0) {  // RIGHT: as tall as the Y axis, VKXBAR (SPCBAR) beside it, VKYBAR up
-    colour_bar_at({b.x1 + g.bar_gap, b.y0 - g.bar_shift, b.x1 + g.bar_gap + w, b.y1 - g.bar_shift}, true, g.z, 3,
+  double gap = g.bar_gap;  // VKXBAR or SPCBAR
+  if (x.bar_pos == 0) {  // RIGHT: as tall as the Y axis, the gap beside it, VKYBAR up
+    colour_bar_at({b.x1 + gap, b.y0 - g.bar_shift, b.x1 + gap + w, b.y1 - g.bar_shift}, true, g.z, 3,
                   ax.axis[2].name);
     return;
   }
   if (x.bar_pos == 3) {  // LEFT: beyond the Y axis's labels and name
-    double x1 = b.x0 - x.left_room - x.bar_space;
+    double x1 = b.x0 - x.left_room - gap;
     colour_bar_at({x1 - w, b.y0, x1, b.y1}, true, g.z, 1, ax.axis[2].name);
     return;
   }
@@ -39,18 +40,16 @@ void colour_bar() {
   // (above or below) makes room for it
   double len = 0.8 * (b.x1 - b.x0);
   double x0 = x.bar_just == 0 ? b.x0 : x.bar_just == 2 ? b.x1 - len : (b.x0 + b.x1 - len) / 2;
-  double before = ax.title_room, below = x.bottom_room;
+  double room = gap + w + st.text.height * 2.5;  // titles keep clear of the bar and its scale
   if (x.bar_pos == 1) {
-    double y1 = b.y0 - ax.title_room - x.bar_space;
-    Rect bar{x0, y1 - w, x0 + len, y1};
-    colour_bar_at(bar, false, g.z, 2, ax.axis[2].name);
+    double y1 = b.y0 - ax.title_room - gap;
+    colour_bar_at({x0, y1 - w, x0 + len, y1}, false, g.z, 2, ax.axis[2].name);
+    ax.title_room += room;
   } else {
-    double y0 = b.y1 + x.bottom_room + x.bar_space;
+    double y0 = b.y1 + x.bottom_room + gap;
     colour_bar_at({x0, y0, x0 + len, y0 + w}, false, g.z, 0, ax.axis[2].name);
+    x.bottom_room += room;
   }
-  // titles keep clear of the bar and its scale
-  if (x.bar_pos == 1) ax.title_room = before + x.bar_space + w + st.text.height * 2.5;
-  else x.bottom_room = below + x.bar_space + w + st.text.height * 2.5;
 }
 
 // How far the bar with its ticks, labels and name reaches right of the axis system.
@@ -161,13 +160,13 @@ void graf3(float xa, float xe, float xor_, float xstp, float ya, float ye, float
   int shift_x = 0, lift = 0, height = ax.len[1];
   const AxisExtraState &bx = st.axextra;
   if (st.grid.bar && bx.bar_pos == 3) {
-    shift_x = static_cast<int>(std::ceil(bar_room(z) - st.grid.bar_gap + bx.bar_space));
+    shift_x = static_cast<int>(std::ceil(bar_room(z)));
     shift_x = std::clamp(shift_x, 0, std::max(0, length - 100));
     length -= shift_x;
   }
   if (st.grid.bar && bx.bar_pos == 2) {
     const AxisSettings &s = ax.axis[2];
-    double need = bx.bar_space + st.grid.bar_width + ax.ticlen_major + s.labdis + 1.5 * st.text.height +
+    double need = st.grid.bar_gap + st.grid.bar_width + ax.ticlen_major + s.labdis + 1.5 * st.text.height +
                   (s.name.empty() ? 0 : s.namdis + ax.hname);
     lift = std::clamp(static_cast<int>(std::ceil(need)), 0, std::max(0, height - 100));
     height -= lift;
@@ -175,11 +174,12 @@ void graf3(float xa, float xe, float xor_, float xstp, float ya, float ye, float
   if (!axis_range("graf3", 0, xa, xe, xor_, xstp, length, r[0]) ||
       !axis_range("graf3", 1, ya, ye, yor, ystp, height, r[1]))
     return;
-  AxesState placed = ax;
+  std::array<int, 3> len = ax.len;
+  int posx = ax.posx, posy = ax.posy;
   ax.len[0] = length, ax.len[1] = height;
   ax.posx += shift_x, ax.posy += st.page.bottom ? lift : -lift;
   axis_system(r);
-  ax.len = placed.len, ax.posx = placed.posx, ax.posy = placed.posy;
+  ax.len = len, ax.posx = posx, ax.posy = posy;
   st.grid.colour_axis = true;
   st.grid.z = z;
   if (st.grid.bar) colour_bar();

@@ -189,6 +189,14 @@ int add_shield(const std::vector<Pt> &poly, bool automatic) {
   return r.id;
 }
 
+std::vector<Pt> turned_rect(Pt at, double x0, double w, double h, double angle) {
+  double a = angle * M_PI / 180, ca = std::cos(a), sa = std::sin(a);
+  std::vector<Pt> out;
+  for (Pt q : {Pt{x0, 0}, Pt{x0 + w, 0}, Pt{x0 + w, h}, Pt{x0, h}})
+    out.push_back({at.x + q.x * ca + q.y * sa, at.y - q.x * sa + q.y * ca});
+  return out;
+}
+
 std::vector<Pt> ellipse_polygon(Pt c, double a, double b, double theta) {
   std::vector<Pt> out;
   double t = theta * M_PI / 180, ct = std::cos(t), st = std::sin(t);

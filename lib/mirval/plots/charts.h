@@ -51,6 +51,9 @@ bool shielded(Pt p);
 // Adds a shielded region (page coordinates) and returns its number; 'automatic' for those
 // that legends and messages make.
 int add_shield(const std::vector<Pt> &poly, bool automatic);
+// A rectangle w wide and h high whose upper edge runs from x0 to x0 + w along the baseline
+// through 'at', turned counter-clockwise about 'at' by angle degrees (page coordinates).
+std::vector<Pt> turned_rect(Pt at, double x0, double w, double h, double angle);
 // The polygon of an ellipse (half axes a, b, turned by theta degrees) or of a pie slice.
 std::vector<Pt> ellipse_polygon(Pt c, double a, double b, double theta);
 std::vector<Pt> slice_polygon(Pt c, double r, double a1, double a2);

@@ -28,28 +28,19 @@ void set_cycle(const char *routine, std::array<int, 30> &cycle, int n, int v, in
   if (in_range(routine, "entry", n, 1, 30) && in_range(routine, "value", v, lo, hi)) cycle[n - 1] = v;
 }
 
-// An ON/OFF switch of a mode routine whose keyword is 'key'.
-bool switch_mode(const char *routine, const char *mode, const char *what, const char *key, bool &flag,
-                 const char *on, const char *off) {
-  if (!same(what, key)) {
-    mv_warn(routine, "unknown keyword %s (%s is known)", TSTR(what), key);
-    return false;
-  }
-  if (same(mode, on)) flag = true;
-  else if (same(mode, off)) flag = false;
-  else {
-    mv_warn(routine, "unknown mode %s (%s or %s)", TSTR(mode), on, off);
-    return false;
-  }
-  return true;
-}
-
 // A flag that one of the 'on' keywords sets and one of the 'off' keywords clears.
 void set_flag(const char *routine, const char *c, bool &flag, std::initializer_list<const char *> on,
               std::initializer_list<const char *> off) {
   if (keyword_index(c, on) >= 0) flag = true;
   else if (keyword_index(c, off) >= 0) flag = false;
   else mv_warn(routine, "unknown mode %s (%s or %s)", TSTR(c), *on.begin(), *off.begin());
+}
+
+// A mode routine (mode, keyword) whose only keyword is 'key'.
+void switch_mode(const char *routine, const char *mode, const char *what, const char *key, bool &flag,
+                 const char *on, const char *off) {
+  if (same(what, key)) set_flag(routine, mode, flag, {on}, {off});
+  else mv_warn(routine, "unknown keyword %s (%s is known)", TSTR(what), key);
 }
 
 }  // namespace
@@ -73,11 +64,11 @@ void patcyc(int n, int ipat) {
 
 void chnatt(void) {
   mv_tracef("chnatt()");
-  int how = mirval_state().curve.change;
+  // the next entry now, whatever INCCRV says; later changes count on from it
+  CurveState &c = mirval_state().curve;
   int every = mirval_state().chart.curve_every;
-  mirval_state().chart.curve_every = 1;  // a change now, whatever INCCRV says
-  change_attributes(how ? how : 1);
-  mirval_state().chart.curve_every = every;
+  c.changed = (c.changed / every + 1) * every;
+  cycle_attributes(c.change ? c.change : 1, c.changed / every);
 }
 
 void inccrv(int n) {

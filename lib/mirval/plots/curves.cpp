@@ -49,13 +49,8 @@ const Rgb cycle_colours[8] = {{0, 0, 0},       {0.85f, 0, 0}, {0, 0.6f, 0},     
 
 }  // namespace
 
-// CHNCRV: after every INCCRV curves the next entry of the colour and/or line style cycles
-// (CLRCYC, LINCYC); 'how' says which (bit 1 colour, bit 2 line style).
-void change_attributes(int how) {
+void cycle_attributes(int how, int k) {
   MirvalState &st = mirval_state();
-  CurveState &c = st.curve;
-  if (!how || ++c.changed % st.chart.curve_every) return;
-  int k = c.changed / st.chart.curve_every;
   if (how & 1) {
     int n = st.chart.colour_cycle[k % 30];
     st.pen.fore = n < 0 && k % 8 == 0;
@@ -63,6 +58,13 @@ void change_attributes(int how) {
     st.pen.index = n;
   }
   if (how & 2) set_line_style(st.chart.line_cycle[k % 30]);
+}
+
+// CHNCRV: after every INCCRV curves the next entry of the cycles.
+void change_attributes(int how) {
+  CurveState &c = mirval_state().curve;
+  int every = mirval_state().chart.curve_every;
+  if (how && ++c.changed % every == 0) cycle_attributes(how, c.changed / every);
 }
 
 namespace {

@@ -11,5 +11,8 @@ std::vector<Pt> spline_points(const std::vector<Pt> &pts, int per);
 // The polylines that connect the points as the interpolation wants; NaN points split them.
 // 'base' is the page y that STEM and BARS start from.
 std::vector<std::vector<Pt>> connect_points(const std::vector<Pt> &pts, Interp how, double base);
-// CHNCRV's change after a curve (also CHNATT's): how, bit 1 the colour, bit 2 the line style.
+// Sets the pen to entry k of the cycles (CLRCYC, LINCYC): bit 1 of 'how' the colour, bit 2
+// the line style.
+void cycle_attributes(int how, int k);
+// CHNCRV's change after a curve.
 void change_attributes(int how);

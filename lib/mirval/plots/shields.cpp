@@ -40,11 +40,7 @@ void add_rect(const char *routine, int nx, int ny, int nw, int nh, float angle) 
     mv_warn(routine, "the angle is not a number");
     return;
   }
-  double a = angle * M_PI / 180, ca = std::cos(a), sa = std::sin(a), y = page_y(ny);
-  std::vector<Pt> poly;
-  for (Pt q : {Pt{0, 0}, Pt{double(nw), 0}, Pt{double(nw), double(nh)}, Pt{0, double(nh)}})
-    poly.push_back({nx + q.x * ca + q.y * sa, y - q.x * sa + q.y * ca});
-  add_shield(poly, false);
+  add_shield(turned_rect({double(nx), page_y(ny)}, 0, nw, nh, angle), false);
 }
 
 }  // namespace
