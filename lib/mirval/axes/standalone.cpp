@@ -101,38 +101,32 @@ void draw_alone(const Rect &box, int side, int form, const AxisRange &r, const s
 
 bool length_ok(const char *routine, int nl) { return in_range(routine, "axis length", nl, 1, 100000); }
 
-void x_axis(const char *routine, float a, float b, float orig, float step, int nl, const char *cstr, int it, int nx,
-            int ny, bool log) {
+// XAXIS, YAXIS and their logarithmic forms: an axis of length nl from (nx, ny), its lower
+// left end, labelled below or left (it = 0) or above or right (it = 1).
+void line_axis(const char *routine, bool vertical, float a, float b, float orig, float step, int nl,
+               const char *cstr, int it, int nx, int ny, bool log) {
+  mv_tracef("%s(%g, %g, %g, %g, %d, %s, %d, %d, %d)", routine, (double)a, (double)b, (double)orig, (double)step,
+            nl, mv_tstr(cstr).c_str(), it, nx, ny);
   if (!mv_level(routine, 1, 3) || !length_ok(routine, nl)) return;
   if (it != 0 && it != 1) {
-    mv_warn(routine, "label side %d must be 0 (below) or 1 (above)", it);
+    mv_warn(routine, "label side %d must be 0 (%s) or 1 (%s)", it, vertical ? "left" : "below",
+            vertical ? "right" : "above");
     return;
   }
   AxisRange r;
   if (!stand_range(routine, a, b, orig, step, log, r)) return;
   const AxisExtraState &x = mirval_state().axextra;
   double px = nx + x.origin_x, py = page_y(ny + x.origin_y);
-  draw_alone({px, py, px + nl, py}, it == 0 ? 0 : 2, 0, r, trimmed(cstr));
-}
-
-void y_axis(const char *routine, float a, float b, float orig, float step, int nl, const char *cstr, int it, int nx,
-            int ny, bool log) {
-  if (!mv_level(routine, 1, 3) || !length_ok(routine, nl)) return;
-  if (it != 0 && it != 1) {
-    mv_warn(routine, "label side %d must be 0 (left) or 1 (right)", it);
-    return;
-  }
-  AxisRange r;
-  if (!stand_range(routine, a, b, orig, step, log, r)) return;
-  const AxisExtraState &x = mirval_state().axextra;
-  double px = nx + x.origin_x, py = page_y(ny + x.origin_y);
-  draw_alone({px, py - nl, px, py}, it == 0 ? 1 : 3, 1, r, trimmed(cstr));
+  if (vertical) draw_alone({px, py - nl, px, py}, it == 0 ? 1 : 3, 1, r, trimmed(cstr));
+  else draw_alone({px, py, px + nl, py}, it == 0 ? 0 : 2, 0, r, trimmed(cstr));
 }
 
 // A colour bar of length nl from (nx, ny), its lower left corner: colour stripes of the
 // COLRAN entries, a frame (FRMBAR, FRMCLR) and the Z scale beside it.
 void z_axis(const char *routine, float a, float b, float orig, float step, int nl, const char *cstr, int it, int ndir,
             int nx, int ny, bool log) {
+  mv_tracef("%s(%g, %g, %g, %g, %d, %s, %d, %d, %d, %d)", routine, (double)a, (double)b, (double)orig,
+            (double)step, nl, mv_tstr(cstr).c_str(), it, ndir, nx, ny);
   if (!mv_level(routine, 1, 3) || !length_ok(routine, nl)) return;
   if (it != 0 && it != 1) {
     mv_warn(routine, "label side %d must be 0 or 1", it);
@@ -157,38 +151,26 @@ void z_axis(const char *routine, float a, float b, float orig, float step, int n
 extern "C" {
 
 void xaxis(float a, float b, float orig, float step, int nl, const char *cstr, int it, int nx, int ny) {
-  mv_tracef("xaxis(%g, %g, %g, %g, %d, %s, %d, %d, %d)", (double)a, (double)b, (double)orig, (double)step, nl,
-            mv_tstr(cstr).c_str(), it, nx, ny);
-  x_axis("xaxis", a, b, orig, step, nl, cstr, it, nx, ny, false);
+  line_axis("xaxis", false, a, b, orig, step, nl, cstr, it, nx, ny, false);
 }
 
 void yaxis(float a, float b, float orig, float step, int nl, const char *cstr, int it, int nx, int ny) {
-  mv_tracef("yaxis(%g, %g, %g, %g, %d, %s, %d, %d, %d)", (double)a, (double)b, (double)orig, (double)step, nl,
-            mv_tstr(cstr).c_str(), it, nx, ny);
-  y_axis("yaxis", a, b, orig, step, nl, cstr, it, nx, ny, false);
+  line_axis("yaxis", true, a, b, orig, step, nl, cstr, it, nx, ny, false);
 }
 
 void zaxis(float a, float b, float orig, float step, int nl, const char *cstr, int it, int ndir, int nx, int ny) {
-  mv_tracef("zaxis(%g, %g, %g, %g, %d, %s, %d, %d, %d, %d)", (double)a, (double)b, (double)orig, (double)step, nl,
-            mv_tstr(cstr).c_str(), it, ndir, nx, ny);
   z_axis("zaxis", a, b, orig, step, nl, cstr, it, ndir, nx, ny, false);
 }
 
 void xaxlg(float x1, float x2, float x3, float x4, int n1, const char *c, int n2, int n3, int n4) {
-  mv_tracef("xaxlg(%g, %g, %g, %g, %d, %s, %d, %d, %d)", (double)x1, (double)x2, (double)x3, (double)x4, n1,
-            mv_tstr(c).c_str(), n2, n3, n4);
-  x_axis("xaxlg", x1, x2, x3, x4, n1, c, n2, n3, n4, true);
+  line_axis("xaxlg", false, x1, x2, x3, x4, n1, c, n2, n3, n4, true);
 }
 
 void yaxlg(float x1, float x2, float x3, float x4, int n1, const char *c, int n2, int n3, int n4) {
-  mv_tracef("yaxlg(%g, %g, %g, %g, %d, %s, %d, %d, %d)", (double)x1, (double)x2, (double)x3, (double)x4, n1,
-            mv_tstr(c).c_str(), n2, n3, n4);
-  y_axis("yaxlg", x1, x2, x3, x4, n1, c, n2, n3, n4, true);
+  line_axis("yaxlg", true, x1, x2, x3, x4, n1, c, n2, n3, n4, true);
 }
 
 void zaxlg(float x1, float x2, float x3, float x4, int n1, const char *c, int n2, int n3, int n4, int n5) {
-  mv_tracef("zaxlg(%g, %g, %g, %g, %d, %s, %d, %d, %d, %d)", (double)x1, (double)x2, (double)x3, (double)x4, n1,
-            mv_tstr(c).c_str(), n2, n3, n4, n5);
   z_axis("zaxlg", x1, x2, x3, x4, n1, c, n2, n3, n4, n5, true);
 }
 
