@@ -237,3 +237,13 @@ int math_stdf(int number, int base) {
     if (f.number == number) return one_arg(f, last);
   return 0;
 }
+
+bool quiet_math(int number, double *x) {
+  for (const MathFn &f : mathfn) {
+    if (f.number != number) continue;
+    if (!in_domain(f.domain, *x)) return false;
+    *x = f.dfn(*x);
+    return true;
+  }
+  return false;
+}

@@ -51,6 +51,13 @@ static int iflev_old, ilplev_old, iswlev_old;
 
 static bool is_word(const char *word, const char *w) { return word[0] == w[0] && std::strcmp(word, w) == 0; }
 
+bool is_block_word(const char *word) {
+  static const char *const words[] = {"IF", "ELSEIF", "ELSE", "ENDIF", "DO", "WHILE", "SWITCH", "CASE", "DEFAULT"};
+  for (const char *w : words)
+    if (is_word(word, w)) return true;
+  return false;
+}
+
 // "END IF", "END DO" ...: the statement's second token is the word.
 static bool end_of(int tok2, const char *word, const char *what) {
   return is_word(word, "END") && tok2 == TK_ID && is_word(vlex.name, what);

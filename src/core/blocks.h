@@ -9,6 +9,8 @@ int exec_if(int tok2, const char *word);
 int exec_loop(int tok2, const char *word);
 int exec_switch(int tok2, const char *word);
 int exec_label(const char *name);
+// The first words the IF, loop and SWITCH handlers take whatever follows them.
+bool is_block_word(const char *word);
 int break_zkl();
 int continue_zkl();
 int goto_zkl();

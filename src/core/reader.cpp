@@ -6,6 +6,7 @@
 #include "binding/call.h"
 #include "core/blocks.h"
 #include "core/error.h"
+#include "core/replay.h"
 #include "core/statement.h"
 #include "lang/lexer.h"
 #include "lang/value.h"
@@ -244,7 +245,7 @@ static void finish_statement() {
         exec_stmt(cstmt);
         while (nstptr < nstrec) {
           // -1: a jump to the first stored statement, made as if from a replayed one
-          if (nstptr >= 0) exec_stmt(stlist[nstptr]);
+          if (nstptr >= 0) exec_stored(nstptr);
           ++nstptr;
         }
       }

@@ -11,6 +11,7 @@
 #include "core/print.h"
 #include "core/procedure.h"
 #include "core/reader.h"
+#include "core/replay.h"
 #include "lang/lexer.h"
 #include "lang/parser.h"
 #include "lang/subscript.h"
@@ -44,6 +45,7 @@ int save_stmt(const char *text) {
 }
 
 void release_stmts(int first) {
+  forget_stored(first);
   for (int i = first; i < nstrec; ++i) {
     std::free(stlist[i]);
     stlist[i] = nullptr;
@@ -71,7 +73,10 @@ int exec_stmt(const char *text) {
     std::memcpy(word, text + from, n);
     word[n] = '\0';
   }
-  int tok2 = lexan();
+  return run_stmt(lexan(), word);
+}
+
+int run_stmt(int tok2, const char *word) {
   if (exec_if(tok2, word) == 0 || exec_loop(tok2, word) == 0 || exec_switch(tok2, word) == 0 ||
       exec_end(tok2, word) == 0)
     return 0;

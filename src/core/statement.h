@@ -13,6 +13,8 @@ extern int ifjmp, ilbjmp, ilpjmp, icajmp, iswjmp, irtjmp;
 
 int save_stmt(const char *text);
 int exec_stmt(const char *text);
+// The rest of exec_stmt, once the first word and the second token are read.
+int run_stmt(int tok2, const char *word);
 int switch_stmt(int tok2, const char *word);
 int exec_zkl(int tok2, const char *word);
 int exec_assign(const char *name);

@@ -19,6 +19,7 @@ int iold = -1;
 int ilex = -1;
 VarRecord vlex;
 char clexbf[160];
+bool lex_quiet = false;
 
 const char *const czkl[32] = {
     "BREAK", "BYTE",     "CALL",   "CHAR",   "COMPLEX", "CONTINUE", "CONSHADE", "CONTOUR",
@@ -31,6 +32,10 @@ void init_lex(const char *text) {
   clex = text;
   istart = 0;
   iold = -1;
+}
+
+static void syntax_error() {
+  if (!lex_quiet) error("Syntax error");
 }
 
 // Character classes of the plain ASCII letters and digits (a name is never more).
@@ -87,7 +92,7 @@ static int scan_number() {
   vlex.ndim = 1;
   if (points > 0 || exponent) {
     if ((points > 1 && !exponent) || hex) {
-      error("Syntax error");
+      syntax_error();
       return iold = TK_ERR;
     }
     vlex.type = T_DOUBLE;
@@ -108,7 +113,7 @@ static int scan_string(char quote) {
   }
   clexbf[n] = '\0';
   if (!clex[istart]) {  // the reader hands over closed quotes; be safe anyway
-    error("Syntax error");
+    syntax_error();
     return iold = TK_ERR;
   }
   ++istart;
@@ -167,7 +172,7 @@ int lexan() {
     case '[': case ']': case '{': case '}':
       return iold = c;
     default:
-      error("Syntax error");
+      syntax_error();
       return iold = TK_ERR;
   }
 }

@@ -32,6 +32,8 @@ extern int iold;
 extern int ilex;
 extern VarRecord vlex;
 extern char clexbf[160];
+// Set while statements are compiled: a faulty token gives TK_ERR without its message.
+extern bool lex_quiet;
 
 void init_lex(const char *text);
 int lexan();

@@ -4,6 +4,7 @@
 
 #include "builtins/stdf.h"
 #include "core/error.h"
+#include "lang/fastexpr.h"
 #include "lang/lexer.h"
 #include "lang/stack.h"
 #include "lang/subscript.h"
@@ -417,6 +418,8 @@ StackEntry *parse(int mode) {
   ipopt = 0;
   g_abort = false;
   depth = 0;
+  if (mode == 0)
+    if (StackEntry *compiled = parse_compiled()) return compiled;
   ilex = lexan();
   if (ilex == TK_END) return nullptr;
   for (;;) {

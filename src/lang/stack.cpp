@@ -652,3 +652,65 @@ int exp_stack() {
   b.value.p = out;
   return 0;
 }
+
+// ---------------------------------------------------------------- quiet scalars
+
+static void widen(Scalar &s, int to) {
+  if (s.type == T_INT) {
+    if (to == T_FLOAT) s.value.f = static_cast<float>(s.value.i);
+    else s.value.d = s.value.i;
+  } else {
+    s.value.d = s.value.f;
+  }
+  s.type = to;
+}
+
+template <typename T>
+static bool quiet_float(int op, T *a, T b, Scalar &l) {
+  if (is_arith(op)) return float_arith(op, *a, b, a);
+  if (!is_compare(op)) return false;
+  l.value.i = compare(op, *a, b);
+  l.type = T_INT;
+  return true;
+}
+
+bool quiet_binary(int op, Scalar &l, Scalar u) {
+  if (l.type < u.type) widen(l, u.type);
+  else if (u.type < l.type) widen(u, l.type);
+  if (l.type == T_FLOAT) return quiet_float<float>(op, &l.value.f, u.value.f, l);
+  if (l.type == T_DOUBLE) return quiet_float<double>(op, &l.value.d, u.value.d, l);
+  int32_t *a = &l.value.i, b = u.value.i;
+  if (is_arith(op)) return int_arith(op, *a, b, a);
+  if (op == '%') {
+    if (b == 0) return false;
+    *a = static_cast<int32_t>(static_cast<int64_t>(*a) % static_cast<int64_t>(b));
+  } else if (is_compare(op)) {
+    *a = compare(op, *a, b);
+  } else {
+    bool x = *a != 0, y = b != 0;
+    *a = op == TK_AND ? (x && y) : op == TK_OR ? (x || y) : (x != y);
+  }
+  return true;
+}
+
+bool quiet_power(Scalar &b, Scalar e) {
+  double x = b.type == T_INT ? b.value.i : b.type == T_FLOAT ? b.value.f : b.value.d;
+  double y = e.type == T_INT ? e.value.i : e.type == T_FLOAT ? e.value.f : e.value.d;
+  bool ints = b.type == T_INT && e.type == T_INT;
+  // where dpower and power would report
+  if (!ints && y != 0 && ((x == 0.0 && y < 0) || (e.type != T_INT && x < 0))) return false;
+  int32_t iv = 0;
+  double v = power_value(b.type, x, e.type, y, &iv);
+  int rt = power_type(b.type, e.type);
+  if (rt == T_INT) b.value.i = iv;
+  else if (rt == T_FLOAT) b.value.f = static_cast<float>(v);
+  else b.value.d = v;
+  b.type = rt;
+  return true;
+}
+
+void quiet_neg(Scalar &s) {
+  if (s.type == T_INT) s.value.i = static_cast<int32_t>(0u - static_cast<uint32_t>(s.value.i));
+  else if (s.type == T_FLOAT) s.value.f = -s.value.f;
+  else s.value.d = -s.value.d;
+}

@@ -16,3 +16,14 @@ int change_scavar(int type, int pos);
 int32_t ipower(int32_t b, int32_t n);
 double dpower(double b, int32_t n);
 double power(double b, double x);
+
+// An INT, FLOAT or DOUBLE scalar of the compiled expressions of stored statements.
+struct Scalar {
+  int type;
+  Value value;
+};
+// The scalar operators of exec_stack, exp_stack and neg_stack, computed alike but without a
+// message: false wherever those would report one (the statement then takes the long way).
+bool quiet_binary(int op, Scalar &l, Scalar u);
+bool quiet_power(Scalar &b, Scalar e);
+void quiet_neg(Scalar &s);

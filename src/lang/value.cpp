@@ -14,6 +14,8 @@ StackEntry stacklist[MAXSTACK];
 LabelRecord lablist[MAXLAB];
 int g_nstack = 0;
 int g_nlevel = 0;
+int g_varhigh = 0;
+unsigned g_vargen = 0;
 
 int elem_size(int scalar_type) {
   switch (scalar_type) {
@@ -38,27 +40,39 @@ void release_storage(VarRecord *rec) {
   }
 }
 
-void set_name(VarRecord *rec, const char *name) { qqscpy(rec->name, name, NAMELEN); }
+void set_name(VarRecord *rec, const char *name) {
+  ++g_vargen;
+  qqscpy(rec->name, name, NAMELEN);
+}
 
 int init_var() {
   for (auto &v : varlist) v.type = T_FREE;
   return 0;
 }
 
-int search_var(const char *name) {
-  for (int i = 0; i < MAXVAR; ++i) {
+int search_rec(const char *name) {
+  for (int i = 0; i < g_varhigh; ++i) {
     const VarRecord &v = varlist[i];
     if (v.type == T_FREE) continue;
     if (v.level != g_nlevel && v.name[0] != '%') continue;
     if (v.name[0] != name[0] || std::strcmp(v.name, name) != 0) continue;
-    return v.type == T_REF ? v.value.ref : i;
+    return i;
   }
   return -1;
 }
 
+int search_var(const char *name) {
+  int i = search_rec(name);
+  return i >= 0 && varlist[i].type == T_REF ? varlist[i].value.ref : i;
+}
+
 int find_freevar() {
-  for (int i = 0; i < MAXVAR; ++i)
-    if (varlist[i].type == T_FREE) return i;
+  ++g_vargen;
+  for (int i = 0; i < MAXVAR; ++i) {
+    if (varlist[i].type != T_FREE) continue;
+    if (i >= g_varhigh) g_varhigh = i + 1;
+    return i;
+  }
   error("Maximal number of variables is reached");
   return -1;
 }
@@ -87,13 +101,14 @@ int insert_var(VarRecord *rec, int index) {
 }
 
 int free_var(int index) {
+  ++g_vargen;
   release_storage(&varlist[index]);
   varlist[index].type = T_FREE;
   return 0;
 }
 
 int free_level(int level) {
-  for (int i = 0; i < MAXVAR; ++i)
+  for (int i = 0; i < g_varhigh; ++i)
     if (varlist[i].level == level) free_var(i);
   return 0;
 }

@@ -59,6 +59,12 @@ extern int g_nlevel;
 
 int init_var();
 int search_var(const char *name);
+// The record that answers to the name (a reference itself, not followed), or -1.
+int search_rec(const char *name);
+// Records from g_varhigh on have never been taken. g_vargen changes whenever a record is
+// taken, named or freed: until then a name found stays found in the same record.
+extern int g_varhigh;
+extern unsigned g_vargen;
 int find_freevar();
 // A reference to a name that is no variable (what a failed call leaves, after its message):
 // no record may keep one, so it is stored nowhere.
