@@ -254,7 +254,7 @@ double get_dvalue(const StackEntry *e, int *code) {
   return v;
 }
 
-int get_idtype(const char *word, int isarray) {
+int find_idtype(const char *word, int isarray) {
   static const struct {
     const char *name;
     int type;
@@ -263,8 +263,13 @@ int get_idtype(const char *word, int isarray) {
   for (const auto &t : types)
     if (std::strcmp(word, t.name) == 0)
       return isarray && t.type != T_STRING ? t.type + ARRAY_OFFSET : t.type;
-  char_error("Undefined type", word);
   return -1;
+}
+
+int get_idtype(const char *word, int isarray) {
+  int code = find_idtype(word, isarray);
+  if (code < 0) char_error("Undefined type", word);
+  return code;
 }
 
 void *my_malloc(size_t n) {

@@ -31,6 +31,8 @@ extern int g_imeta;
 int32_t get_ivalue(const StackEntry *e, int *code);
 double get_dvalue(const StackEntry *e, int *code);
 int get_idtype(const char *word, int isarray);
+// get_idtype without the message: -1 for an unknown type name.
+int find_idtype(const char *word, int isarray);
 void *my_malloc(size_t n);
 void *my_calloc(size_t n, size_t size);
 int syscll(const char *command);

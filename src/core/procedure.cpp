@@ -12,6 +12,8 @@
 #include "lang/parser.h"
 #include "mirval.h"
 
+#include <algorithm>
+#include <charconv>
 #include <cstdio>
 #include <cstring>
 #include <vector>
@@ -59,9 +61,10 @@ static bool make_param(const char *piece, int level, int k, const char *key) {
     }
   }
   v.level = static_cast<int8_t>(level);
-  char name[NAMELEN + 2];  // "!" and a keyword of at most 14: set_name keeps 15
-  if (*key) std::snprintf(name, sizeof name, "!%s", key);
-  else std::snprintf(name, sizeof name, "$%d", k);
+  char name[NAMELEN + 2];  // "!" and a keyword of at most 14, or "$" and the position
+  name[0] = *key ? '!' : '$';
+  if (*key) qqscpy(name + 1, key, NAMELEN - 1);
+  else *std::to_chars(name + 1, name + NAMELEN, k).ptr = '\0';
   set_name(&v, name);
   return true;
 }
@@ -107,18 +110,18 @@ int call_zkl(int kind, const char *name) {
   lowstr(file);
   qqscat(file, ".zkl", 19);
   // The statement text may be a stored one that the parameter parsing must not disturb.
-  std::vector<char> copy(text, text + std::strlen(text) + 1);
-  std::vector<char> piece(STMTLEN + 1);
+  char copy[STMTLEN + 1], piece[STMTLEN + 1];
+  qqscpy(copy, text, STMTLEN);
   char keyname[NAMELEN + 1], key[NAMELEN + 1];
   int level = g_nlevel + 1, n = 0, nkey = 0;
   usrproc.first = usrproc.last = -1;
-  for (int k = 1; get_parexpr(copy.data(), k == 1, piece.data(), keyname); ++k) {
+  for (int k = 1; get_parexpr(copy, k == 1, piece, keyname); ++k) {
     key[0] = '\0';
     if (*keyname && !keyword_name(keyname, key)) {
       free_level(level);  // the parameters of a call that could not be made
       return 1;
     }
-    if (!make_param(piece.data(), level, k, key)) {
+    if (!make_param(piece, level, k, key)) {
       free_level(level);  // the parameters of a call that could not be made
       return 1;
     }
@@ -459,4 +462,163 @@ int exec_init(const char *name, int) {
   int index = insert_var(&rec, -1);
   if (index < 0) release_storage(&rec);
   return index;
+}
+
+// ---------------------------------------------------------------- replays
+
+std::unique_ptr<CallForm> compile_call(const char *fname, const char *args) {
+  auto c = std::make_unique<CallForm>();
+  qqscpy(c->fname, fname, NAMELEN);
+  char copy[STMTLEN + 1], piece[STMTLEN + 1], keyname[NAMELEN + 1];
+  qqscpy(copy, args, STMTLEN);
+  for (int k = 1; get_parexpr(copy, k == 1, piece, keyname); ++k) {
+    if (*keyname) return nullptr;
+    std::vector<Tok> t = quiet_tokens(piece, 0, -1, 2);
+    if (t[0].tok == TK_END || t[0].tok == TK_ERR) return nullptr;
+    CallForm::Param p{make_slot(t[0].name), nullptr};
+    if (t[0].tok != TK_ID || t[1].tok != TK_END) {
+      p.value.reset(compile_expr(piece, 0, -1));
+      if (!p.value || p.value->nvalues != 1) return nullptr;
+    }
+    c->params.push_back(std::move(p));
+  }
+  return c;
+}
+
+// Whether compiled code reads the name (whose record a call is about to replace).
+static bool reads(const ExprCode &code, const char *name) {
+  for (const NameSlot &s : code.names)
+    if (std::strcmp(s.name, name) == 0) return true;
+  return false;
+}
+
+bool run_call(CallForm &c, NameSlot &target) {
+  int n = static_cast<int>(c.params.size());
+  if (g_nlevel >= MAXLEVEL || g_varhigh + 1 + n > MAXVAR) return false;
+  // Everything that could give a message is settled before the first record is touched.
+  std::vector<Scalar> values(n);
+  std::vector<int> refs(n, -1);
+  for (int k = 0; k < n; ++k) {
+    CallForm::Param &p = c.params[k];
+    Scalar out[MAXSTACK];
+    if (p.value ? reads(*p.value, target.name) || !eval_expr(*p.value, out)
+                : std::strcmp(p.var.name, target.name) == 0 || (refs[k] = slot_var(p.var)) < 0)
+      return false;
+    if (p.value) values[k] = out[0];
+  }
+  int index = slot_var(target);
+  VarRecord old{};
+  if (index >= 0) {
+    old = varlist[index];
+    varlist[index].type = T_FREE;
+  }
+  int result = find_freevar();
+  VarRecord &r = varlist[result];
+  set_name(&r, target.name);
+  r.level = static_cast<int8_t>(g_nlevel);
+  r.ndim = 1;
+  release_storage(&old);
+  r.type = T_INT;
+  r.count = 1;
+  r.value.i = 0;
+  int level = g_nlevel + 1;
+  usrproc.first = usrproc.last = -1;
+  for (int k = 0; k < n; ++k) {
+    int i = find_freevar();
+    VarRecord &v = varlist[i];
+    if (k == 0) usrproc.first = i;
+    usrproc.last = i;
+    v.count = 1;
+    v.ndim = 1;
+    if (refs[k] >= 0) {
+      v.type = T_REF;
+      v.value.ref = refs[k];
+    } else {
+      v.type = static_cast<int8_t>(values[k].type);
+      v.value = values[k].value;
+    }
+    v.level = static_cast<int8_t>(level);
+    char name[NAMELEN + 2] = "$";
+    *std::to_chars(name + 1, name + NAMELEN, k + 1).ptr = '\0';
+    set_name(&v, name);
+  }
+  std::memcpy(usrproc.name, c.fname, sizeof usrproc.name);
+  enter_level(1, n, 0, result);
+  return true;
+}
+
+std::unique_ptr<HeaderForm> compile_header(const char *text) {
+  std::vector<Tok> t = quiet_tokens(text, 0, -1, STMTLEN);
+  size_t k = 0;
+  auto next = [&] { return k + 1 < t.size() ? t[++k].tok : TK_ERR; };
+  if (t[0].tok != TK_ID) return nullptr;
+  auto h = std::make_unique<HeaderForm>();
+  std::memcpy(h->pname, t[0].name, sizeof h->pname);
+  int tok = next();
+  if (tok == '(') tok = next();
+  while (tok != TK_END && tok != ')') {
+    if (tok != TK_ID) return nullptr;
+    HeaderForm::Formal f{};
+    std::memcpy(f.name, t[k].name, sizeof f.name);
+    bool isarray = false;
+    tok = next();
+    if (tok == '[') {
+      isarray = true;
+      if (next() == ']') tok = next();
+    }
+    if (tok == ':') {
+      f.type = find_idtype(f.name, isarray);
+      tok = next();
+      if (tok != TK_ID || f.type < 0) return nullptr;
+      std::memcpy(f.name, t[k].name, sizeof f.name);
+      tok = next();
+    }
+    if (tok == '=' || tok == TK_ERR) return nullptr;  // keywords and faults: the long way
+    h->formals.push_back(f);
+    if (tok == ',') tok = next();
+  }
+  return h;
+}
+
+// An actual parameter of the new level whose name begins with `mark`.
+static bool marked(int i, char mark) {
+  const VarRecord &v = varlist[i];
+  return v.type != T_FREE && v.level == g_nlevel && v.name[0] == mark;
+}
+
+bool run_header(const HeaderForm &h) {
+  if (std::strcmp(h.pname, usrproc.name) != 0) return false;
+  int first = usrproc.first, last = usrproc.last < MAXVAR ? usrproc.last : MAXVAR - 1;
+  if (first < 0) last = -1;
+  // each formal takes the next "$" record, as find_actual finds them one after the other
+  std::vector<int> taken;
+  int i = first;
+  for (const HeaderForm::Formal &f : h.formals) {
+    while (i <= last && !marked(i, '$')) ++i;
+    if (i > last) break;
+    const VarRecord &v = varlist[i].type == T_REF ? varlist[varlist[i].value.ref] : varlist[i];
+    if (f.type && v.type != f.type) return false;
+    taken.push_back(i++);
+  }
+  for (int j = first; j <= last; ++j)
+    if ((marked(j, '$') && std::find(taken.begin(), taken.end(), j) == taken.end()) || marked(j, '!')) return false;
+  for (size_t k = 0; k < taken.size(); ++k) set_name(&varlist[taken[k]], h.formals[k].name);
+  return true;
+}
+
+bool run_return(const Scalar &value) {
+  int l = g_nlevel - 1;
+  if (l < 0 || usrproc.kind[l] != 1) return false;
+  usrproc.returned[l] = true;
+  if (usrproc.resvar[l] >= 0) {
+    VarRecord &v = varlist[usrproc.resvar[l]];
+    release_storage(&v);
+    v.type = static_cast<int8_t>(value.type);
+    v.count = 1;
+    v.ndim = 1;
+    v.value = value.value;
+  }
+  irtjmp = 1;
+  iexec = calc_exec();
+  return true;
 }

@@ -1,6 +1,10 @@
 // Procedures in their own files, included files, EXTERN and initialiser lists.
 #pragma once
+#include "lang/fastexpr.h"
 #include "lang/value.h"
+
+#include <memory>
+#include <vector>
 
 constexpr int MAXLEVEL = 8;  // procedure levels below the main script
 
@@ -38,3 +42,33 @@ void set_result_var(int index);
 // Arguments and keyword arguments passed to the procedure now running (0 in the main script).
 int proc_argcnt();
 int proc_keycnt();
+
+// Procedures replayed from the buffer: a function call V = F(...) of a stored statement and
+// the SUBROUTINE or FUNCTION statement it leads to are read once; each run then does what
+// exec_assign with call_zkl, or subr_zkl, would do, or returns false with nothing changed when
+// a message could come, so that the statement takes the long way.
+struct CallForm {
+  struct Param {
+    NameSlot var;                   // a plain variable name: passed by reference
+    std::unique_ptr<ExprCode> value;  // else the value of an expression
+  };
+  char fname[NAMELEN + 1];
+  std::vector<Param> params;
+};
+// `args` is the text after the "=" of the statement; null where the long way is needed.
+std::unique_ptr<CallForm> compile_call(const char *fname, const char *args);
+bool run_call(CallForm &c, NameSlot &target);
+
+struct HeaderForm {
+  struct Formal {
+    char name[NAMELEN + 1];
+    int type;  // 0: any
+  };
+  char pname[NAMELEN + 1];
+  std::vector<Formal> formals;
+};
+// `text` is the statement after its keyword.
+std::unique_ptr<HeaderForm> compile_header(const char *text);
+bool run_header(const HeaderForm &h);
+// A function's RETURN of one value (the long way for other kinds of procedure).
+bool run_return(const Scalar &value);

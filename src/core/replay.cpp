@@ -5,12 +5,14 @@
 // again. Everything else (and every case the code gives up on) goes the way of exec_stmt.
 #include "core/replay.h"
 
+#include "binding/call.h"
 #include "core/blocks.h"
+#include "core/procedure.h"
 #include "core/statement.h"
+#include "builtins/stdf.h"
 #include "lang/fastexpr.h"
 #include "lang/lexer.h"
 #include "lang/parser.h"
-#include "builtins/stdf.h"
 
 #include <cstring>
 #include <vector>
@@ -22,6 +24,9 @@ enum Kind : uint8_t {
   K_WORDS,    // first word and second token known
   K_ASSIGN,   // NAME = expression
   K_ELEMENT,  // NAME[subscripts] = expression
+  K_CALL,     // NAME = FUNCTION(parameters)
+  K_HEADER,   // SUBROUTINE or FUNCTION with its formal parameters
+  K_RETURN,   // RETURN expression
 };
 
 struct Stored {
@@ -31,6 +36,8 @@ struct Stored {
   Tok first, second;
   NameSlot target;
   ExprCode *subs = nullptr, *rhs = nullptr;  // owned by exprs
+  std::unique_ptr<CallForm> call;
+  std::unique_ptr<HeaderForm> header;
 };
 
 }  // namespace
@@ -53,13 +60,30 @@ static Tok token_at(const char *text, const Tok &after) {
 static void analyse_assign(Stored &s, const char *text) {
   Tok t = token_at(text, s.second);
   if (t.tok == '{') return;
-  if (t.tok == TK_ID && search_stdf(t.name) < 0) {
-    const char *p = text + t.end;
-    while (*p == ' ') ++p;
-    if (*p == '(') return;
+  const char *args = std::strchr(text, '=') + 1;
+  const char *after = text + t.end;
+  while (*after == ' ') ++after;
+  if (t.tok == TK_ID && *after == '(' && search_stdf(t.name) < 0) {  // a function call
+    if (search_routine(t.name, 2) < 0 && (s.call = compile_call(t.name, args))) s.kind = K_CALL;
+    return;
   }
-  s.rhs = single(s, static_cast<int>(std::strchr(text, '=') + 1 - text), -1);
+  s.rhs = single(s, static_cast<int>(args - text), -1);
   if (s.rhs) s.kind = K_ASSIGN;
+}
+
+// SUBROUTINE, FUNCTION and RETURN read on after the first blank, as exec_zkl restarts there.
+static void analyse_keyword(Stored &s, const char *text) {
+  const char *p = text;
+  while (*p == ' ') ++p;
+  const char *blank = std::strchr(p, ' ');
+  if (!blank || s.second.tok == ':' || s.second.tok == TK_END) return;
+  if (std::strcmp(s.word, "RETURN") == 0) {
+    s.rhs = single(s, static_cast<int>(blank + 1 - text), -1);
+    if (s.rhs) s.kind = K_RETURN;
+  } else if (std::strcmp(s.word, "SUBROUTINE") == 0 || std::strcmp(s.word, "FUNCTION") == 0) {
+    s.header = compile_header(blank + 1);
+    if (s.header) s.kind = K_HEADER;
+  }
 }
 
 // NAME[i, j] = ...: single subscripts, then "=" and one expression.
@@ -94,12 +118,10 @@ static Stored *analyse(const char *text) {
   }
   s->kind = K_WORDS;
   if (t[0].tok != TK_ID || is_block_word(s->word)) return s;
-  NameSlot slot{};
-  std::memcpy(slot.name, s->word, sizeof slot.name);
-  slot.rec = slot.index = -1;
-  s->target = slot;
+  s->target = make_slot(s->word);
   if (t[1].tok == '=' && s->word[0] != '%') analyse_assign(*s, text);
   else if (t[1].tok == '[') analyse_element(*s, text);
+  else analyse_keyword(*s, text);
   return s;
 }
 
@@ -146,12 +168,18 @@ static void put_element(VarRecord &v, int64_t pos, const Scalar &x) {
     static_cast<double *>(v.value.p)[pos] = d;
 }
 
-// The compiled assignment; false when the statement must be read as text.
+// The compiled statement; false when it must be read as text.
 static bool run_compiled(Stored &s) {
+  Scalar value[MAXSTACK];
+  switch (s.kind) {
+    case K_CALL: return run_call(*s.call, s.target);
+    case K_HEADER: return run_header(*s.header);
+    case K_RETURN: return eval_expr(*s.rhs, value) && run_return(value[0]);
+    default: break;
+  }
   int index = slot_var(s.target);
   if (index < 0) return false;
   VarRecord &v = varlist[index];
-  Scalar value[MAXSTACK];
   if (s.kind == K_ASSIGN) {
     if (!eval_expr(*s.rhs, value)) return false;
     assign(v, value[0]);

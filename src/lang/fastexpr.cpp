@@ -16,11 +16,26 @@ enum Op : uint8_t { OP_INT, OP_DOUBLE, OP_VAR, OP_ELEM, OP_BINARY, OP_NEG, OP_NO
 
 // ---------------------------------------------------------------- names
 
+// Both names are zero-filled to their 16 bytes (set_name and the slots fill them).
+static bool same_name(const char *a, const char *b) {
+  uint64_t x[2], y[2];
+  std::memcpy(x, a, sizeof x);
+  std::memcpy(y, b, sizeof y);
+  return x[0] == y[0] && x[1] == y[1];
+}
+
+NameSlot make_slot(const char *name) {
+  NameSlot s{};
+  std::memcpy(s.name, name, std::strlen(name));  // zero-filled beyond the name
+  s.rec = s.index = -1;
+  return s;
+}
+
 int slot_var(NameSlot &s) {
   if (s.gen == g_vargen && s.level == g_nlevel && s.rec >= 0) {
     const VarRecord &r = varlist[s.rec];
     if (r.type != T_FREE && (r.level == g_nlevel || r.name[0] == '%') &&
-        std::strcmp(r.name, s.name) == 0 &&
+        same_name(r.name, s.name) &&
         (r.type == T_REF ? r.value.ref == s.index : s.rec == s.index))
       return s.index;
   }
@@ -96,10 +111,7 @@ struct Compiler {
   int name_slot(const char *name) {
     for (size_t i = 0; i < c->names.size(); ++i)
       if (std::strcmp(c->names[i].name, name) == 0) return static_cast<int>(i);
-    NameSlot s{};
-    std::memcpy(s.name, name, std::strlen(name));  // zero-filled beyond the name
-    s.rec = s.index = -1;
-    c->names.push_back(s);
+    c->names.push_back(make_slot(name));
     return static_cast<int>(c->names.size()) - 1;
   }
 

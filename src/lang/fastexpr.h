@@ -17,6 +17,7 @@ struct NameSlot {
   int rec, index, level;
   unsigned gen;
 };
+NameSlot make_slot(const char *name);
 // search_var through the slot.
 int slot_var(NameSlot &slot);
 

@@ -223,9 +223,15 @@ static int find_name(const NameIndex &index, const char *text) {
 }
 
 int search_zkl(const char *name) {
-  for (int i = 0; i < 32; ++i)
-    if (std::strcmp(czkl[i], name) == 0) return i;
-  return -1;
+  struct Row {
+    const char *name;
+  };
+  static const NameIndex index = [] {
+    Row rows[32];
+    for (int i = 0; i < 32; ++i) rows[i].name = czkl[i];
+    return build_index(rows, 32);
+  }();
+  return find_name(index, name);
 }
 
 int search_stdf(const char *name) {

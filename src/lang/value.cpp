@@ -42,6 +42,7 @@ void release_storage(VarRecord *rec) {
 
 void set_name(VarRecord *rec, const char *name) {
   ++g_vargen;
+  std::memset(rec->name, 0, sizeof rec->name);  // zero-filled: names compare as two words
   qqscpy(rec->name, name, NAMELEN);
 }
 
