@@ -30,7 +30,7 @@ printf '%%ZKL\nIP = WGINI("VERT")\nIP = WGINI("HORI")\nI = WGLAB(IP, "x")\nWGFIN
 timeout 10 "$ZKL" twice.zkl > out.txt 2> err.txt
 [ "$(grep -c 'wgini: no display' err.txt)" = 1 ] || fail "WGINI must warn once, not $(grep -c wgini err.txt) times"
 timeout 10 "$ZKL" dialogs.zkl > out.txt 2> err.txt
-printf 'txt nobody 1 \nlis 2 \nbut 1 \nend 1 \n' > want.txt
+printf 'txt nobody 1 \ntxt Paris 1 \nlis 2 1 \nlis 2 1 \nbut 1 1 \nfil none.dat 1 \nend 1 \n' > want.txt
 cmp -s want.txt out.txt || fail "dialogs without display: $(diff want.txt out.txt)"
 timeout 10 "$ZKL" picture.zkl > out.txt 2> err.txt
 grep -q 'no screen window can be opened' err.txt || fail "no fallback warning"

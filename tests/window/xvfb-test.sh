@@ -35,7 +35,13 @@ fi
 cp -r "$CASES"/. "$WORK"/
 cd "$WORK" || exit 1
 
-fail() { echo "FAIL: $*"; echo "--- stdout"; cat out.txt 2>/dev/null; echo "--- stderr"; cat err.txt 2>/dev/null; exit 1; }
+# fail MESSAGE: ends the case; from inside $(...) too, by signalling the case's own shell
+fail() {
+  { echo "FAIL: $*"; echo "--- stdout"; cat out.txt 2>/dev/null; echo "--- stderr"; cat err.txt 2>/dev/null; } >&2
+  [ "$BASH_SUBSHELL" -gt 0 ] && kill -USR1 $$
+  exit 1
+}
+trap 'exit 1' USR1
 
 # start SCRIPT: runs the script in the background, output in out.txt and err.txt
 start() {

@@ -6,6 +6,7 @@
 #include "core/messages.h"
 #include "core/trace.h"
 
+#include <cstdio>
 #include <set>
 #include <string>
 #include <vector>
@@ -25,14 +26,28 @@ bool can_show(const char *routine) {
 
 GtkWindow *parent() { return wrt().top ? GTK_WINDOW(wrt().top) : nullptr; }
 
-// Runs a dialog; true when the user accepted it.
-bool run(GtkWidget *d) {
+// Runs a dialog and answers its response. What the script printed so far is shown first: it is
+// often the question's context.
+int run(GtkWidget *d) {
+  gtk_container_set_border_width(GTK_CONTAINER(d), 6);
   gtk_window_set_position(GTK_WINDOW(d), GTK_WIN_POS_CENTER);
   gtk_widget_show_all(d);
+  std::fflush(stdout);
   int resp = gtk_dialog_run(GTK_DIALOG(d));
-  bool ok = resp == GTK_RESPONSE_OK || resp == GTK_RESPONSE_YES || resp == GTK_RESPONSE_ACCEPT;
-  wrt().last_dialog = ok ? 0 : 1;
-  return ok;
+  bool answered = resp == GTK_RESPONSE_OK || resp == GTK_RESPONSE_YES || resp == GTK_RESPONSE_NO ||
+                  resp == GTK_RESPONSE_ACCEPT;
+  wrt().last_dialog = answered ? 0 : 1;
+  return resp;
+}
+
+bool accepted(GtkWidget *d) {
+  int resp = run(d);
+  return resp == GTK_RESPONSE_OK || resp == GTK_RESPONSE_ACCEPT;
+}
+
+void finish(GtkWidget *d) {
+  gtk_widget_destroy(d);
+  wv_pump();
 }
 
 void message(const char *routine, const char *c, const char *title) {
@@ -44,9 +59,19 @@ void message(const char *routine, const char *c, const char *title) {
   GtkWidget *d = gtk_message_dialog_new(parent(), GTK_DIALOG_MODAL, GTK_MESSAGE_INFO, GTK_BUTTONS_OK, "%s", t.c_str());
   gtk_window_set_title(GTK_WINDOW(d), title);
   run(d);
-  wrt().last_dialog = 0;
-  gtk_widget_destroy(d);
-  wv_pump();
+  wrt().last_dialog = 0;  // a message is seen however it is closed
+  finish(d);
+}
+
+// A dialog with Cancel and OK, titled and headed by `clab` when given; answers its content area.
+GtkWidget *ask(const char *clab, const char *fallback, GtkWidget *&d) {
+  d = gtk_dialog_new_with_buttons(clab && *clab ? clab : fallback, parent(), GTK_DIALOG_MODAL, "Cancel",
+                                  GTK_RESPONSE_CANCEL, "OK", GTK_RESPONSE_OK, nullptr);
+  gtk_dialog_set_default_response(GTK_DIALOG(d), GTK_RESPONSE_OK);
+  GtkWidget *area = gtk_dialog_get_content_area(GTK_DIALOG(d));
+  gtk_box_set_spacing(GTK_BOX(area), 6);
+  if (clab && *clab) gtk_box_pack_start(GTK_BOX(area), gtk_label_new(clab), FALSE, FALSE, 0);
+  return area;
 }
 
 std::vector<std::string> items_of(const char *list) {
@@ -71,7 +96,7 @@ void dwgmsg(const char *c) {
 
 void msgbox(const char *c) {
   mv_tracef("msgbox(%s)", TSTR(c));
-  message("msgbox", c, "mirval");
+  message("msgbox", c, mirval_state().window.wtitle.c_str());
 }
 
 int dwgbut(const char *c, int ival) {
@@ -86,12 +111,10 @@ int dwgbut(const char *c, int ival) {
   }
   if (!can_show("dwgbut")) return ival;
   GtkWidget *d = gtk_message_dialog_new(parent(), GTK_DIALOG_MODAL, GTK_MESSAGE_QUESTION, GTK_BUTTONS_YES_NO, "%s", c);
+  gtk_window_set_title(GTK_WINDOW(d), "Question");
   gtk_dialog_set_default_response(GTK_DIALOG(d), ival ? GTK_RESPONSE_YES : GTK_RESPONSE_NO);
-  gtk_widget_show_all(d);
-  int resp = gtk_dialog_run(GTK_DIALOG(d));
-  gtk_widget_destroy(d);
-  wv_pump();
-  wrt().last_dialog = resp == GTK_RESPONSE_YES || resp == GTK_RESPONSE_NO ? 0 : 1;
+  int resp = run(d);
+  finish(d);
   return resp == GTK_RESPONSE_YES ? 1 : resp == GTK_RESPONSE_NO ? 0 : ival;
 }
 
@@ -107,19 +130,15 @@ int dwglis(const char *clab, const char *clis, int isel) {
     isel = 1;
   }
   if (!can_show("dwglis")) return isel;
-  GtkWidget *d = gtk_dialog_new_with_buttons(clab && *clab ? clab : "Choose", parent(), GTK_DIALOG_MODAL,
-                                             "Cancel", GTK_RESPONSE_CANCEL, "OK", GTK_RESPONSE_OK, nullptr);
-  gtk_dialog_set_default_response(GTK_DIALOG(d), GTK_RESPONSE_OK);
-  GtkWidget *area = gtk_dialog_get_content_area(GTK_DIALOG(d));
+  GtkWidget *d;
+  GtkWidget *area = ask(clab, "Choose", d);
   GtkWidget *combo = gtk_combo_box_text_new();
   for (auto &it : items) gtk_combo_box_text_append_text(GTK_COMBO_BOX_TEXT(combo), it.c_str());
   gtk_combo_box_set_active(GTK_COMBO_BOX(combo), isel - 1);
-  if (clab && *clab) gtk_box_pack_start(GTK_BOX(area), gtk_label_new(clab), FALSE, FALSE, 6);
-  gtk_box_pack_start(GTK_BOX(area), combo, FALSE, FALSE, 6);
+  gtk_box_pack_start(GTK_BOX(area), combo, FALSE, FALSE, 0);
   int out = isel;
-  if (run(d)) out = gtk_combo_box_get_active(GTK_COMBO_BOX(combo)) + 1;
-  gtk_widget_destroy(d);
-  wv_pump();
+  if (accepted(d)) out = gtk_combo_box_get_active(GTK_COMBO_BOX(combo)) + 1;
+  finish(d);
   return out;
 }
 
@@ -128,18 +147,14 @@ const char *dwgtxt(const char *clab, const char *cstr) {
   static std::string out;
   out = cstr ? cstr : "";
   if (!can_show("dwgtxt")) return out.c_str();
-  GtkWidget *d = gtk_dialog_new_with_buttons(clab && *clab ? clab : "Text", parent(), GTK_DIALOG_MODAL,
-                                             "Cancel", GTK_RESPONSE_CANCEL, "OK", GTK_RESPONSE_OK, nullptr);
-  gtk_dialog_set_default_response(GTK_DIALOG(d), GTK_RESPONSE_OK);
-  GtkWidget *area = gtk_dialog_get_content_area(GTK_DIALOG(d));
-  if (clab && *clab) gtk_box_pack_start(GTK_BOX(area), gtk_label_new(clab), FALSE, FALSE, 6);
+  GtkWidget *d;
+  GtkWidget *area = ask(clab, "Text", d);
   GtkWidget *entry = gtk_entry_new();
   gtk_entry_set_text(GTK_ENTRY(entry), out.c_str());
   gtk_entry_set_activates_default(GTK_ENTRY(entry), TRUE);
-  gtk_box_pack_start(GTK_BOX(area), entry, FALSE, FALSE, 6);
-  if (run(d)) out = gtk_entry_get_text(GTK_ENTRY(entry));
-  gtk_widget_destroy(d);
-  wv_pump();
+  gtk_box_pack_start(GTK_BOX(area), entry, FALSE, FALSE, 0);
+  if (accepted(d)) out = gtk_entry_get_text(GTK_ENTRY(entry));
+  finish(d);
   return out.c_str();
 }
 
@@ -157,13 +172,12 @@ const char *dwgfil(const char *clab, const char *cfile, const char *cmask) {
     gtk_file_filter_set_name(f, cmask);
     gtk_file_chooser_add_filter(GTK_FILE_CHOOSER(d), f);
   }
-  if (run(d)) {
+  if (accepted(d)) {
     char *name = gtk_file_chooser_get_filename(GTK_FILE_CHOOSER(d));
     if (name) out = name;
     g_free(name);
   }
-  gtk_widget_destroy(d);
-  wv_pump();
+  finish(d);
   return out.c_str();
 }
 

@@ -18,6 +18,7 @@
 #include <cctype>
 #include <map>
 #include <cmath>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <unistd.h>
@@ -488,6 +489,7 @@ void wv_pump() {
 
 void wv_wait(const bool &done) {
   if (!wrt().gtk_ok) return;
+  std::fflush(stdout);  // what the script printed is seen while it waits for the user
   while (!done) g_main_context_iteration(nullptr, TRUE);
 }
 

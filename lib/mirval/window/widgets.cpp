@@ -527,6 +527,8 @@ void make_top() {
   if (ws().pos_x >= 0) gtk_window_move(GTK_WINDOW(r.top), ws().pos_x, ws().pos_y);
   else if (ws().center) gtk_window_set_position(GTK_WINDOW(r.top), GTK_WIN_POS_CENTER);
   g_signal_connect(r.top, "delete-event", G_CALLBACK(on_top_delete), nullptr);
+  // the main widget's key callback hears every key typed into the panel
+  g_signal_connect(r.top, "key-press-event", G_CALLBACK(on_key), GINT_TO_POINTER(r.main));
   r.vbox = gtk_box_new(GTK_ORIENTATION_VERTICAL, 0);
   gtk_container_add(GTK_CONTAINER(r.top), r.vbox);
   if (ws().pop_ok || ws().pop_quit || ws().pop_help) {
@@ -647,6 +649,18 @@ bool cell_ok(const char *routine, Widget &w, int row, int col, bool whole) {
     return false;
   }
   return true;
+}
+
+// Widget `id` with its callback cleared for a new registration. One procedure per widget: the
+// caller keeps one name for each widget, so any registration replaces the earlier one.
+Widget *callback_of(const char *routine, int id) {
+  Widget *w = wv_widget(id);
+  if (!w) {
+    mv_warn(routine, "there is no widget %d", id);
+    return nullptr;
+  }
+  w->cb = nullptr, w->cb_iray = nullptr, w->cb2 = nullptr, w->cb3 = nullptr, w->cbk = nullptr;
+  return w;
 }
 
 }  // namespace
@@ -1600,34 +1614,24 @@ const char *gwgtbs(int id, int row, int col) {
 
 void swgcb(int id, MvWidgetCb cb, int *iray) {
   mv_tracef("swgcb(id=%d, cb=callback, iray=[ints])", id);
-  Widget *w = wv_widget(id);
-  if (!w) return mv_warn("swgcb", "there is no widget %d", id);
-  w->cb = cb;
-  w->cb_iray = iray;
+  if (Widget *w = callback_of("swgcb", id)) w->cb = cb, w->cb_iray = iray;
 }
 
 void swgcb2(int id, MvWidgetCb2 cb) {
   mv_tracef("swgcb2(id=%d, cb=callback)", id);
-  Widget *w = wv_widget(id);
-  if (!w) return mv_warn("swgcb2", "there is no widget %d", id);
-  w->cb2 = cb;
+  if (Widget *w = callback_of("swgcb2", id)) w->cb2 = cb;
 }
 
 void swgcb3(int id, MvWidgetCb3 cb) {
   mv_tracef("swgcb3(id=%d, cb=callback)", id);
   Widget *w = wv_widget(id);
-  if (!w) return mv_warn("swgcb3", "there is no widget %d", id);
-  if (w->kind != WKind::Table) return mv_warn("swgcb3", "widget %d is not a table (WGTBL)", id);
-  w->cb3 = cb;
+  if (w && w->kind != WKind::Table) return mv_warn("swgcb3", "widget %d is not a table (WGTBL)", id);
+  if ((w = callback_of("swgcb3", id))) w->cb3 = cb;
 }
 
 void swgcbk(int id, MvWidgetKeyCb cb) {
   mv_tracef("swgcbk(id=%d, cb=callback)", id);
-  Widget *w = wv_widget(id);
-  if (!w) return mv_warn("swgcbk", "there is no widget %d", id);
-  w->cbk = cb;
-  if (id == wrt().main && wrt().top)
-    g_signal_connect(wrt().top, "key-press-event", G_CALLBACK(on_key), GINT_TO_POINTER(id));
+  if (Widget *w = callback_of("swgcbk", id)) w->cbk = cb;
 }
 
 // ---- settings of the next widgets ----

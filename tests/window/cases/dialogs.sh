@@ -1,20 +1,30 @@
+# Each modal dialog returns what the user chose: typed text, a cancelled text, an item picked
+# with the keyboard, a cancelled list, No to a question, a file typed into the chooser, and a
+# message box; DWGERR says 1 only for the cancelled ones.
+touch mine.dat
 start dialogs.zkl
 W=$(window 'Your name')
-sleep 0.5
 keys "$W" ctrl+a
 typein "$W" 'Ada'
 keys "$W" Return
-W=$(window 'Pick')
-sleep 0.5
+W=$(window 'Your town')
 keys "$W" Escape
-W=$(window 'Continue')
-sleep 0.3
-W=$(xdotool search --onlyvisible --name '' | tail -1)
+W=$(window 'Pick')
+keys "$W" Down
+eval "$(xdotool getwindowgeometry --shell "$W")"
+click "$W" $(( WIDTH * 3 / 4 )) $(( HEIGHT - 18 ))
+W=$(window 'Pick again')
+keys "$W" Escape
+W=$(window 'Question')
+eval "$(xdotool getwindowgeometry --shell "$W")"
+click "$W" $(( WIDTH / 4 )) $(( HEIGHT - 18 ))
+W=$(window 'Data file')
 sleep 0.5
+typein "$W" "$PWD/mine.dat"
 keys "$W" Return
-sleep 0.5
 W=$(window 'mirval')
 keys "$W" Return
 finish
-printf 'txt Ada 0 \nlis 2 \nbut 1 \nend 0 \n' > want.txt
+sed -i "s|$PWD/||" out.txt
+printf 'txt Ada 0 \ntxt Paris 1 \nlis 3 0 \nlis 2 1 \nbut 0 0 \nfil mine.dat 0 \nend 0 \n' > want.txt
 expect want.txt
