@@ -445,6 +445,11 @@ static int end_loop(bool is_while) {
   return 0;
 }
 
+bool is_loop_statement(int tok2, const char *word, const char *name) {
+  bool end = is_word(word, "END") && tok2 == TK_ID && (is_word(name, "DO") || is_word(name, "WHILE"));
+  return end || is_word(word, "DO") || is_word(word, "WHILE");
+}
+
 int exec_loop(int tok2, const char *word) {
   if (is_word(word, "DO")) return do_statement(tok2);
   if (is_word(word, "WHILE")) return while_statement(tok2);

@@ -11,6 +11,9 @@ int exec_switch(int tok2, const char *word);
 int exec_label(const char *name);
 // The first words the IF, loop and SWITCH handlers take whatever follows them.
 bool is_block_word(const char *word);
+// A statement exec_loop takes (and the IF and SWITCH handlers do not): DO, WHILE, END DO and
+// END WHILE; `name` is the second token's name when it is one.
+bool is_loop_statement(int tok2, const char *word, const char *name);
 int break_zkl();
 int continue_zkl();
 int goto_zkl();

@@ -12,7 +12,6 @@
 #include "lang/parser.h"
 #include "mirval.h"
 
-#include <algorithm>
 #include <charconv>
 #include <cstdio>
 #include <cstring>
@@ -466,6 +465,8 @@ int exec_init(const char *name, int) {
 
 // ---------------------------------------------------------------- replays
 
+constexpr size_t MAXFORMS = 32;  // parameters of a call or formals taken the short way
+
 std::unique_ptr<CallForm> compile_call(const char *fname, const char *args) {
   auto c = std::make_unique<CallForm>();
   qqscpy(c->fname, fname, NAMELEN);
@@ -482,7 +483,7 @@ std::unique_ptr<CallForm> compile_call(const char *fname, const char *args) {
     }
     c->params.push_back(std::move(p));
   }
-  return c;
+  return c->params.size() <= MAXFORMS ? std::move(c) : nullptr;
 }
 
 // Whether compiled code reads the name (whose record a call is about to replace).
@@ -496,9 +497,10 @@ bool run_call(CallForm &c, NameSlot &target) {
   int n = static_cast<int>(c.params.size());
   if (g_nlevel >= MAXLEVEL || g_varhigh + 1 + n > MAXVAR) return false;
   // Everything that could give a message is settled before the first record is touched.
-  std::vector<Scalar> values(n);
-  std::vector<int> refs(n, -1);
+  Scalar values[MAXFORMS];
+  int refs[MAXFORMS];
   for (int k = 0; k < n; ++k) {
+    refs[k] = -1;
     CallForm::Param &p = c.params[k];
     Scalar out[MAXSTACK];
     if (p.value ? reads(*p.value, target.name) || !eval_expr(*p.value, out)
@@ -577,7 +579,7 @@ std::unique_ptr<HeaderForm> compile_header(const char *text) {
     h->formals.push_back(f);
     if (tok == ',') tok = next();
   }
-  return h;
+  return h->formals.size() <= MAXFORMS ? std::move(h) : nullptr;
 }
 
 // An actual parameter of the new level whose name begins with `mark`.
@@ -591,18 +593,18 @@ bool run_header(const HeaderForm &h) {
   int first = usrproc.first, last = usrproc.last < MAXVAR ? usrproc.last : MAXVAR - 1;
   if (first < 0) last = -1;
   // each formal takes the next "$" record, as find_actual finds them one after the other
-  std::vector<int> taken;
-  int i = first;
+  int taken[MAXFORMS], n = 0, i = first;
   for (const HeaderForm::Formal &f : h.formals) {
     while (i <= last && !marked(i, '$')) ++i;
     if (i > last) break;
     const VarRecord &v = varlist[i].type == T_REF ? varlist[varlist[i].value.ref] : varlist[i];
     if (f.type && v.type != f.type) return false;
-    taken.push_back(i++);
+    taken[n++] = i++;
   }
+  // what no formal takes would be reported: "$" records after the last taken, any "!"
   for (int j = first; j <= last; ++j)
-    if ((marked(j, '$') && std::find(taken.begin(), taken.end(), j) == taken.end()) || marked(j, '!')) return false;
-  for (size_t k = 0; k < taken.size(); ++k) set_name(&varlist[taken[k]], h.formals[k].name);
+    if ((marked(j, '$') && (n == 0 || j > taken[n - 1])) || marked(j, '!')) return false;
+  for (int k = 0; k < n; ++k) set_name(&varlist[taken[k]], h.formals[k].name);
   return true;
 }
 

@@ -22,6 +22,7 @@ namespace {
 enum Kind : uint8_t {
   K_TEXT,     // read as text by exec_stmt
   K_WORDS,    // first word and second token known
+  K_LOOP,     // DO, WHILE, END DO, END WHILE: the loop handler's own
   K_ASSIGN,   // NAME = expression
   K_ELEMENT,  // NAME[subscripts] = expression
   K_CALL,     // NAME = FUNCTION(parameters)
@@ -117,6 +118,7 @@ static Stored *analyse(const char *text) {
     s->word[n] = '\0';
   }
   s->kind = K_WORDS;
+  if (is_loop_statement(t[1].tok, s->word, t[1].name)) s->kind = K_LOOP;
   if (t[0].tok != TK_ID || is_block_word(s->word)) return s;
   s->target = make_slot(s->word);
   if (t[1].tok == '=' && s->word[0] != '%') analyse_assign(*s, text);
@@ -137,14 +139,19 @@ static void lexed(const Tok &t) {
   }
 }
 
-// exec_stmt after its first two tokens.
-static void run_words(const Stored &s, const char *text) {
+// The lexer as exec_stmt leaves it after the first two tokens.
+static void restore_lexer(const Stored &s, const char *text) {
   cpstmt = text;
   clex = text;
   istart = s.second.end;
   iold = s.second.iold;
   lexed(s.first);
   lexed(s.second);
+}
+
+// exec_stmt after its first two tokens.
+static void run_words(const Stored &s, const char *text) {
+  restore_lexer(s, text);
   run_stmt(s.second.tok, s.word);
 }
 
@@ -197,6 +204,10 @@ static void run(Stored &s, const char *text) {
   switch (s.kind) {
     case K_TEXT: exec_stmt(text); return;
     case K_WORDS: run_words(s, text); return;
+    case K_LOOP:  // the IF and SWITCH handlers pass it on
+      restore_lexer(s, text);
+      exec_loop(s.second.tok, s.word);
+      return;
     default:
       if (iexec != 0) {  // skipped, as switch_stmt skips it
         cpstmt = text;
@@ -222,7 +233,7 @@ void exec_stored(int k) {
   run(*s, text);
   --running;
   g_stmt_exprs = outer;
-  if (running == 0) purge();
+  if (running == 0 && !retired.empty()) purge();
 }
 
 void forget_stored(int first) {

@@ -51,13 +51,29 @@ int init_var() {
   return 0;
 }
 
+// Record names are zero-filled (set_name): a name compares as two words.
+struct NameWords {
+  uint64_t w[2];
+};
+
+static NameWords words_of(const char *name) {
+  NameWords n{};
+  std::memcpy(n.w, name, sizeof n.w);
+  return n;
+}
+
 int search_rec(const char *name) {
+  size_t len = std::strlen(name);
+  if (len > NAMELEN) return -1;  // no record holds a longer name
+  char key[NAMELEN + 1] = {};
+  std::memcpy(key, name, len);
+  NameWords k = words_of(key);
   for (int i = 0; i < g_varhigh; ++i) {
     const VarRecord &v = varlist[i];
     if (v.type == T_FREE) continue;
     if (v.level != g_nlevel && v.name[0] != '%') continue;
-    if (v.name[0] != name[0] || std::strcmp(v.name, name) != 0) continue;
-    return i;
+    NameWords n = words_of(v.name);
+    if (n.w[0] == k.w[0] && n.w[1] == k.w[1]) return i;
   }
   return -1;
 }
