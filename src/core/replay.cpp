@@ -22,7 +22,7 @@ namespace {
 enum Kind : uint8_t {
   K_TEXT,     // read as text by exec_stmt
   K_WORDS,    // first word and second token known
-  K_LOOP,     // DO, WHILE, END DO, END WHILE: the loop handler's own
+  K_HANDLER,  // DO, WHILE, END DO, END WHILE, END: straight to the handler that takes it
   K_ASSIGN,   // NAME = expression
   K_ELEMENT,  // NAME[subscripts] = expression
   K_CALL,     // NAME = FUNCTION(parameters)
@@ -35,6 +35,7 @@ struct Stored {
   Kind kind = K_TEXT;
   char word[NAMELEN + 1];
   Tok first, second;
+  int (*handler)(int, const char *);
   NameSlot target;
   ExprCode *subs = nullptr, *rhs = nullptr;  // owned by exprs
   std::unique_ptr<CallForm> call;
@@ -118,7 +119,11 @@ static Stored *analyse(const char *text) {
     s->word[n] = '\0';
   }
   s->kind = K_WORDS;
-  if (is_loop_statement(t[1].tok, s->word, t[1].name)) s->kind = K_LOOP;
+  // the handlers before these in run_stmt pass them on
+  s->handler = is_loop_statement(t[1].tok, s->word, t[1].name) ? exec_loop
+               : t[1].tok == TK_END && std::strcmp(s->word, "END") == 0 ? exec_end
+                                                                        : nullptr;
+  if (s->handler) s->kind = K_HANDLER;
   if (t[0].tok != TK_ID || is_block_word(s->word)) return s;
   s->target = make_slot(s->word);
   if (t[1].tok == '=' && s->word[0] != '%') analyse_assign(*s, text);
@@ -204,9 +209,9 @@ static void run(Stored &s, const char *text) {
   switch (s.kind) {
     case K_TEXT: exec_stmt(text); return;
     case K_WORDS: run_words(s, text); return;
-    case K_LOOP:  // the IF and SWITCH handlers pass it on
+    case K_HANDLER:
       restore_lexer(s, text);
-      exec_loop(s.second.tok, s.word);
+      s.handler(s.second.tok, s.word);
       return;
     default:
       if (iexec != 0) {  // skipped, as switch_stmt skips it

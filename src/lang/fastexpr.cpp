@@ -39,7 +39,7 @@ int slot_var(NameSlot &s) {
         (r.type == T_REF ? r.value.ref == s.index : s.rec == s.index))
       return s.index;
   }
-  s.rec = search_rec(s.name);
+  s.rec = search_filled(s.name);
   s.index = s.rec < 0 ? -1 : varlist[s.rec].type == T_REF ? varlist[s.rec].value.ref : s.rec;
   s.gen = g_vargen;
   s.level = g_nlevel;
@@ -307,10 +307,18 @@ bool eval_expr(ExprCode &c, Scalar *st) {
         ++sp;
         break;
       }
-      case OP_BINARY:
+      case OP_BINARY: {
         --sp;
-        if (!quiet_binary(in.i, st[sp - 1], st[sp])) return false;
+        Scalar &l = st[sp - 1];
+        const Scalar &u = st[sp];
+        if (l.type == T_INT && u.type == T_INT && (in.i == '+' || in.i == '-' || in.i == '*')) {
+          uint32_t a = static_cast<uint32_t>(l.value.i), b = static_cast<uint32_t>(u.value.i);
+          l.value.i = static_cast<int32_t>(in.i == '+' ? a + b : in.i == '-' ? a - b : a * b);
+        } else if (!quiet_binary(in.i, l, u)) {
+          return false;
+        }
         break;
+      }
       case OP_NEG: quiet_neg(st[sp - 1]); break;
       case OP_NOT:
         if (st[sp - 1].type != T_INT) return false;

@@ -67,7 +67,11 @@ int search_rec(const char *name) {
   if (len > NAMELEN) return -1;  // no record holds a longer name
   char key[NAMELEN + 1] = {};
   std::memcpy(key, name, len);
-  NameWords k = words_of(key);
+  return search_filled(key);
+}
+
+int search_filled(const char *name) {
+  NameWords k = words_of(name);
   for (int i = 0; i < g_varhigh; ++i) {
     const VarRecord &v = varlist[i];
     if (v.type == T_FREE) continue;

@@ -61,6 +61,8 @@ int init_var();
 int search_var(const char *name);
 // The record that answers to the name (a reference itself, not followed), or -1.
 int search_rec(const char *name);
+// search_rec for a name zero-filled to its NAMELEN + 1 bytes.
+int search_filled(const char *name);
 // Records from g_varhigh on have never been taken. g_vargen changes whenever a record is
 // taken, named or freed: until then a name found stays found in the same record.
 extern int g_varhigh;
