@@ -12,6 +12,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstring>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -312,6 +313,60 @@ TEST_F(Media, BuffersHoldPngAndPdf) {
   EXPECT_NE(s.find("First page"), std::string::npos);
   EXPECT_NE(s.find("Media test"), std::string::npos);
   mirfin();
+}
+
+// A 120 x 90 image of four flat quarters; the lower right one transparent, the lower left one
+// half so.
+std::shared_ptr<RasterImage> quarters() {
+  auto img = std::make_shared<RasterImage>();
+  img->w = 120;
+  img->h = 90;
+  img->smooth = false;
+  for (int y = 0; y < 90; ++y)
+    for (int x = 0; x < 120; ++x) {
+      bool right = x >= 60, low = y >= 45;
+      img->argb.push_back(!low ? (right ? argb_of(0, 0, 255, 255) : argb_of(255, 0, 0, 255))
+                               : (right ? 0u : argb_of(0, 160, 0, 128)));
+    }
+  return img;
+}
+
+TEST_F(Media, LargeImagesGoIntoPdfOnceAndExactly) {
+  metafl("PDF");
+  setfil("page.pdf");
+  mirini();
+  auto img = quarters();
+  place_image(img, 0, 0, 1200, 900, false);  // the page is 2970 x 2100 plot units
+  newpag();
+  place_image(img, 0, 0, 1200, 900, false);
+  mirfin();
+  std::string pdf = read_file("page.pdf");
+  EXPECT_EQ(count(pdf, "/Subtype /Image"), 2);  // the image and its soft mask, shared by the pages
+  EXPECT_NE(pdf.find("/Width 120"), std::string::npos);
+  RasterImage page;
+  std::string err;
+  ASSERT_TRUE(render_picture("page.pdf", 2, 297, 210, page, err)) << err;
+  auto at = [&](int x, int y) {
+    unsigned r, g, b, a;
+    rgba_of(page.argb[size_t(y) * page.w + x], r, g, b, a);
+    return std::vector<unsigned>{r, g, b};
+  };
+  EXPECT_EQ(at(30, 20), (std::vector<unsigned>{255, 0, 0}));
+  EXPECT_EQ(at(90, 20), (std::vector<unsigned>{0, 0, 255}));
+  EXPECT_EQ(at(90, 70), (std::vector<unsigned>{255, 255, 255}));  // transparent: the page
+  std::vector<unsigned> half = at(30, 70);  // half green over white
+  EXPECT_NEAR(half[0], 127, 3);
+  EXPECT_NEAR(half[1], 207, 3);
+  EXPECT_EQ(at(200, 150), (std::vector<unsigned>{255, 255, 255}));
+  // the same picture gives the same bytes
+  metafl("PDF");
+  setfil("again.pdf");
+  mirini();
+  place_image(img, 0, 0, 1200, 900, false);
+  newpag();
+  place_image(img, 0, 0, 1200, 900, false);
+  mirfin();
+  EXPECT_EQ(read_file("again.pdf"), pdf);
 }
 
 TEST_F(Media, SvgPictureIsPlacedInTheBox) {

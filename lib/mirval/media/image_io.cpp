@@ -336,6 +336,19 @@ bool write_jpeg(const std::string &name, const RasterImage &img, std::string &er
   return ok;
 }
 
+// poppler opens URIs, and those name a file by its whole path.
+PopplerDocument *open_pdf(const std::string &name, std::string &err) {
+  gchar *path = g_canonicalize_filename(name.c_str(), nullptr);
+  gchar *uri = g_filename_to_uri(path, nullptr, nullptr);
+  GError *ge = nullptr;
+  PopplerDocument *doc = uri ? poppler_document_new_from_file(uri, nullptr, &ge) : nullptr;
+  g_free(uri);
+  g_free(path);
+  if (!doc) err = ge ? ge->message : "cannot read the PDF file";
+  if (ge) g_error_free(ge);
+  return doc;
+}
+
 }  // namespace
 
 namespace {
@@ -445,15 +458,8 @@ bool image_size(const std::string &name, int &w, int &h, std::string &err) {
     return true;
   }
   if (k == FileKind::PDF) {
-    GError *ge = nullptr;
-    gchar *uri = g_filename_to_uri(name.c_str(), nullptr, nullptr);
-    PopplerDocument *doc = uri ? poppler_document_new_from_file(uri, nullptr, &ge) : nullptr;
-    g_free(uri);
-    if (!doc) {
-      err = ge ? ge->message : "cannot read the PDF file";
-      if (ge) g_error_free(ge);
-      return false;
-    }
+    PopplerDocument *doc = open_pdf(name, err);
+    if (!doc) return false;
     PopplerPage *pg = poppler_document_get_page(doc, 0);
     double dw = 0, dh = 0;
     if (pg) {
@@ -525,13 +531,8 @@ bool render_picture(const std::string &name, int page, int w, int h, RasterImage
       g_object_unref(hd);
     }
   } else if (k == FileKind::PDF) {
-    GError *ge = nullptr;
-    gchar *uri = g_filename_to_uri(name.c_str(), nullptr, nullptr);
-    PopplerDocument *doc = uri ? poppler_document_new_from_file(uri, nullptr, &ge) : nullptr;
-    g_free(uri);
+    PopplerDocument *doc = open_pdf(name, err);
     if (!doc) {
-      err = ge ? ge->message : "cannot read the PDF file";
-      if (ge) g_error_free(ge);
       ok = false;
     } else {
       int n = poppler_document_get_n_pages(doc);

@@ -14,39 +14,14 @@
 #include <cairo-pdf.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
+#include <unordered_map>
 
 namespace {
-
-// Vector pages are measured in points: one plot unit is 0.1 mm.
-constexpr double points_per_unit = 72.0 / 254.0;
-
-cairo_status_t append(void *closure, const unsigned char *data, unsigned int length) {
-  static_cast<std::string *>(closure)->append(reinterpret_cast<const char *>(data), length);
-  return CAIRO_STATUS_SUCCESS;
-}
-
-// PDF files carry their creation time; the same picture must give the same bytes.
-void fix_pdf_date(std::string &s) {
-  size_t at = s.find("/CreationDate (");
-  if (at == std::string::npos) return;
-  size_t end = s.find(')', at);
-  if (end == std::string::npos) return;
-  std::string repl(end + 1 - at, ' ');
-  const char *env = std::getenv("SOURCE_DATE_EPOCH");
-  if (env && *env) {
-    std::time_t t = static_cast<std::time_t>(std::strtoll(env, nullptr, 10));
-    std::tm tm{};
-    char buf[64];
-    if (gmtime_r(&t, &tm) && std::strftime(buf, sizeof buf, "/CreationDate (D:%Y%m%d%H%M%SZ)", &tm) &&
-        std::strlen(buf) <= repl.size())
-      repl.replace(0, std::strlen(buf), buf);
-  }
-  s.replace(at, repl.size(), repl);
-}
 
 // The image the pixel routines address: the open IMGINI image, or the page's pixel layer
 // (made on first use, on top of what is drawn so far).
@@ -74,34 +49,55 @@ RasterImage *target(const char *routine, bool writing) {
 
 bool rgb_mode() { return mirval_state().media.img_fmt == "RGB"; }
 
-// A colour value of the pixel routines (table entry or packed RGB) as a pixel.
-uint32_t pixel_of(int n) {
-  const MediaState &m = mirval_state().media;
-  if (m.draft.open && m.img_mode == "TRANSPARENT" && n == m.img_tpr) return 0;
-  if (rgb_mode()) return 0xFF000000u | (uint32_t(n) & 0xFFFFFFu);
-  Rgb c = table_rgb(std::clamp(n, 0, 255));
-  return argb_of(unsigned(std::lround(c.r * 255)), unsigned(std::lround(c.g * 255)), unsigned(std::lround(c.b * 255)), 255);
-}
-
-int value_of(uint32_t p) {
-  unsigned r, g, b, a;
-  rgba_of(p, r, g, b, a);
-  const MediaState &m = mirval_state().media;
-  if (a == 0) {
-    if (m.draft.open && m.img_tpr >= 0) return m.img_tpr;
-    r = g = b = 255;  // nothing there: the white page
+// How colour values become pixels: packed RGB or colour table entries, with the IMGTPR entry
+// transparent inside an IMGMOD('TRANSPARENT') image. Made once per call, not per pixel.
+struct PixelMap {
+  bool rgb = rgb_mode();
+  int transparent = -1;
+  std::array<uint32_t, 256> entry{};
+  PixelMap() {
+    const MediaState &m = mirval_state().media;
+    if (m.draft.open && m.img_mode == "TRANSPARENT") transparent = m.img_tpr;
+    for (int k = 0; k < 256 && !rgb; ++k) {
+      Rgb c = table_rgb(k);
+      entry[k] = argb_of(unsigned(std::lround(c.r * 255)), unsigned(std::lround(c.g * 255)),
+                         unsigned(std::lround(c.b * 255)), 255);
+    }
   }
-  if (rgb_mode()) return int((r << 16) | (g << 8) | b);
-  return nearest_colour(r, g, b);
-}
+  uint32_t operator()(int n) const {
+    if (n == transparent) return 0;
+    return rgb ? 0xFF000000u | (uint32_t(n) & 0xFFFFFFu) : entry[std::clamp(n, 0, 255)];
+  }
+};
 
-// The pixel at (x, y) of what the routines read: the open image or the rendered page.
-bool read_at(int x, int y, uint32_t &p) {
+// And back: the colour value of a pixel; the nearest table entry is searched once per colour.
+struct ValueMap {
+  bool rgb = rgb_mode();
+  int transparent = -1;
+  std::unordered_map<uint32_t, int> seen;
+  ValueMap() {
+    const MediaState &m = mirval_state().media;
+    if (m.draft.open) transparent = m.img_tpr;
+  }
+  int operator()(uint32_t p) {
+    unsigned r, g, b, a;
+    rgba_of(p, r, g, b, a);
+    if (a == 0) {
+      if (transparent >= 0) return transparent;
+      r = g = b = 255;  // nothing there: the white page
+    }
+    uint32_t key = (r << 16) | (g << 8) | b;
+    if (rgb) return int(key);
+    auto hit = seen.find(key);
+    return hit != seen.end() ? hit->second : seen[key] = nearest_colour(r, g, b);
+  }
+};
+
+// What the routines read: the open image or the rendered page (both as large as region_ok
+// allows).
+const RasterImage &source() {
   const MediaState &m = mirval_state().media;
-  const RasterImage &img = m.draft.open ? *m.pixels : page_pixels();
-  if (x < 0 || y < 0 || x >= img.w || y >= img.h) return false;
-  p = img.argb[size_t(y) * img.w + x];
-  return true;
+  return m.draft.open ? *m.pixels : page_pixels();
 }
 
 bool region_ok(const char *routine, int ix, int iy, int nw, int nh) {
@@ -134,13 +130,13 @@ void write_block(const char *routine, const unsigned char *iray, int ix, int iy,
   if (!mv_level(routine, 1, 3) || !region_ok(routine, ix, iy, nw, nh)) return;
   RasterImage *img = target(routine, true);
   if (!img) return;
-  bool rgb = rgb_mode();
-  for (int y = 0; y < nh; ++y)
-    for (int x = 0; x < nw; ++x) {
-      size_t k = size_t(y) * nw + x;
-      int v = rgb ? (iray[3 * k] << 16) | (iray[3 * k + 1] << 8) | iray[3 * k + 2] : iray[k];
-      img->argb[size_t(iy + y) * img->w + ix + x] = pixel_of(v);
-    }
+  PixelMap map;
+  for (int y = 0; y < nh; ++y) {
+    uint32_t *row = &img->argb[size_t(iy + y) * img->w + ix];
+    const unsigned char *in = iray + size_t(y) * nw * (map.rgb ? 3 : 1);
+    for (int x = 0; x < nw; ++x)
+      row[x] = map(map.rgb ? (in[3 * x] << 16) | (in[3 * x + 1] << 8) | in[3 * x + 2] : in[x]);
+  }
   ++mirval_state().scene.changes;
 }
 
@@ -150,12 +146,12 @@ void read_block(const char *routine, unsigned char *iray, int ix, int iy, int nw
     return;
   }
   if (!mv_level(routine, 1, 3) || !region_ok(routine, ix, iy, nw, nh)) return;
-  bool rgb = rgb_mode();
+  ValueMap map;
+  bool rgb = map.rgb;
+  const RasterImage &img = source();
   for (int y = 0; y < nh; ++y)
     for (int x = 0; x < nw; ++x) {
-      uint32_t p = 0;
-      read_at(ix + x, iy + y, p);
-      int v = value_of(p);
+      int v = map(img.argb[size_t(iy + y) * img.w + ix + x]);
       size_t k = size_t(y) * nw + x;
       if (rgb) {
         iray[3 * k] = uint8_t(v >> 16);
@@ -224,27 +220,7 @@ const RasterImage &page_pixels() {
 
 std::string page_png_bytes() { return png_bytes(page_pixels()); }
 
-std::string page_pdf_bytes() {
-  const MirvalState &st = mirval_state();
-  double pw = st.page.width * points_per_unit, ph = st.page.height * points_per_unit;
-  std::string out;
-  cairo_surface_t *s = cairo_pdf_surface_create_for_stream(append, &out, pw, ph);
-  cairo_pdf_surface_set_metadata(s, CAIRO_PDF_METADATA_CREATOR, st.program[0] ? st.program : "mirval");
-  pdf_extras(s);
-  cairo_t *cr = cairo_create(s);
-  View v;
-  v.scale = points_per_unit;
-  v.background = back_rgb();
-  for (const Page &p : st.scene.pages) {
-    render_page(cr, p, v);
-    cairo_show_page(cr);
-  }
-  cairo_destroy(cr);
-  cairo_surface_finish(s);
-  cairo_surface_destroy(s);
-  fix_pdf_date(out);
-  return out;
-}
+std::string page_pdf_bytes() { return vector_file(Format::PDF); }
 
 void place_image(std::shared_ptr<const RasterImage> img, double x0, double y0, double x1, double y1, bool smooth,
                  bool behind, float alpha) {
@@ -333,7 +309,7 @@ void wpixel(int n1, int n2, int n3) {
   }
   RasterImage *img = target("wpixel", true);
   if (!img) return;
-  img->argb[size_t(n2) * img->w + n1] = pixel_of(n3);
+  img->argb[size_t(n2) * img->w + n1] = PixelMap()(n3);
   ++mirval_state().scene.changes;
 }
 
@@ -345,8 +321,8 @@ void rpixel(int ix, int iy, int *iclr) {
     return;
   }
   if (!mv_level("rpixel", 1, 3) || !region_ok("rpixel", ix, iy, 1, 1)) return;
-  uint32_t p = 0;
-  if (read_at(ix, iy, p)) *iclr = value_of(p);
+  const RasterImage &img = source();
+  *iclr = ValueMap()(img.argb[size_t(iy) * img.w + ix]);
 }
 
 void wpixls(const unsigned char *iray, int ix, int iy, int nw, int nh) {

@@ -1,6 +1,7 @@
 #include "output/device.h"
 #include "core/messages.h"
 #include "media/media.h"
+#include "media/pdf_images.h"
 #include "output/raster_formats.h"
 #include "output/render.h"
 
@@ -146,7 +147,7 @@ View page_view(double scale, double dx, double dy, double min_width) {
   return v;
 }
 
-std::string render_vector(Format f, int &w, int &h) {
+std::string render_vector(Format f, int &w, int &h, bool stand_ins = true) {
   const MirvalState &st = mirval_state();
   double pw = st.page.width * points_per_unit, ph = st.page.height * points_per_unit;
   w = static_cast<int>(std::lround(pw));
@@ -166,6 +167,8 @@ std::string render_vector(Format f, int &w, int &h) {
   }
   cairo_t *cr = cairo_create(s);
   View v = page_view(points_per_unit, 0, 0, 0);
+  PdfImages images;
+  if (f == Format::PDF && stand_ins) v.pdf_images = &images;
   // PDF and PS hold every page; the single-page formats show the last one
   bool all = f == Format::PDF || f == Format::PS;
   size_t first = all ? 0 : st.scene.pages.size() - 1;
@@ -176,7 +179,8 @@ std::string render_vector(Format f, int &w, int &h) {
   cairo_destroy(cr);
   cairo_surface_finish(s);
   cairo_surface_destroy(s);
-  fix_dates(out, f);
+  fix_dates(out, f);  // first: qpdf derives the file's ID from its bytes
+  if (!images.put_into(out)) return render_vector(f, w, h, false);
   if (f == Format::SVG) renumber_surfaces(out);
   return out;
 }
@@ -306,6 +310,11 @@ void write_output(const char *routine, bool announce) {
   sc.written_w = w;
   sc.written_h = h;
   if (announce) mv_note("wrote %s (%s, %d x %d)", st.page.used.c_str(), format_name(f), w, h);
+}
+
+std::string vector_file(Format f) {
+  int w = 0, h = 0;
+  return render_vector(f, w, h);
 }
 
 Rgb fore_rgb() { return mirval_state().page.reverse ? Rgb{1, 1, 1} : Rgb{0, 0, 0}; }

@@ -16,6 +16,8 @@ void choose_file();
 void raster_size(int &w, int &h);
 // Renders every page and writes the output file, then says so on the message line.
 void write_output(const char *routine, bool announce);
+// The bytes of a vector file (PDF, SVG, PS, EPS) as MIRFIN writes them.
+std::string vector_file(Format f);
 // The foreground and background colours (SCRMOD swaps them).
 Rgb fore_rgb();
 Rgb back_rgb();

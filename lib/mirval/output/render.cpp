@@ -1,6 +1,7 @@
 #include "output/render.h"
 #include "draw/fonts.h"
 #include "core/state.h"
+#include "media/pdf_images.h"
 
 #include <algorithm>
 #include <cmath>
@@ -121,19 +122,25 @@ void draw_text(cairo_t *cr, const Item &it) {
 
 }  // namespace
 
-void draw_image(cairo_t *cr, const Item &it) {
+void draw_image(cairo_t *cr, const Item &it, const View &v) {
   const RasterImage &im = *it.image;
   if (im.w <= 0 || im.h <= 0 || im.argb.size() < static_cast<size_t>(im.w) * im.h) return;
-  cairo_surface_t *s = cairo_image_surface_create_for_data(
-      reinterpret_cast<unsigned char *>(const_cast<uint32_t *>(im.argb.data())), CAIRO_FORMAT_ARGB32,
-      im.w, im.h, im.w * 4);
+  cairo_surface_t *s = v.pdf_images ? v.pdf_images->stand_in(im) : nullptr;
+  int w = s ? cairo_image_surface_get_width(s) : im.w, h = s ? cairo_image_surface_get_height(s) : im.h;
+  if (!s)
+    s = cairo_image_surface_create_for_data(reinterpret_cast<unsigned char *>(const_cast<uint32_t *>(im.argb.data())),
+                                            CAIRO_FORMAT_ARGB32, im.w, im.h, im.w * 4);
   cairo_save(cr);
   cairo_translate(cr, it.at.x, it.at.y);
-  cairo_scale(cr, (it.end.x - it.at.x) / im.w, (it.end.y - it.at.y) / im.h);
+  cairo_scale(cr, (it.end.x - it.at.x) / w, (it.end.y - it.at.y) / h);
   cairo_set_source_surface(cr, s, 0, 0);
   cairo_pattern_set_filter(cairo_get_source(cr), im.smooth ? CAIRO_FILTER_GOOD : CAIRO_FILTER_NEAREST);
-  cairo_pattern_set_extend(cairo_get_source(cr), CAIRO_EXTEND_PAD);
-  cairo_rectangle(cr, 0, 0, im.w, im.h);
+  // Padding keeps scaled edges from fading on raster pages; vector files would get a padded
+  // copy of the whole image instead, so there the image goes in as it is.
+  cairo_surface_type_t t = cairo_surface_get_type(cairo_get_target(cr));
+  bool vector = t == CAIRO_SURFACE_TYPE_PDF || t == CAIRO_SURFACE_TYPE_PS || t == CAIRO_SURFACE_TYPE_SVG;
+  cairo_pattern_set_extend(cairo_get_source(cr), vector ? CAIRO_EXTEND_NONE : CAIRO_EXTEND_PAD);
+  cairo_rectangle(cr, 0, 0, w, h);
   cairo_clip(cr);
   cairo_paint_with_alpha(cr, it.alpha);
   cairo_restore(cr);
@@ -143,7 +150,7 @@ void draw_image(cairo_t *cr, const Item &it) {
 void render_page(cairo_t *cr, const Page &page, const View &v) {
   cairo_save(cr);
   cairo_set_source_rgb(cr, v.background.r, v.background.g, v.background.b);
-  cairo_paint(cr);
+  if (!v.clear) cairo_paint(cr);
   cairo_translate(cr, v.dx, v.dy);
   cairo_scale(cr, v.scale, v.scale);
   // the modes of LINMOD, POLMOD and CLRMOD hold for the whole picture
@@ -186,7 +193,7 @@ void render_page(cairo_t *cr, const Page &page, const View &v) {
       case ItemKind::Hatch: draw_hatch(cr, it, v); break;
       case ItemKind::Text: draw_text(cr, it); break;
       case ItemKind::Image:
-        if (it.image) draw_image(cr, it);
+        if (it.image) draw_image(cr, it, v);
         break;
     }
   }
