@@ -50,29 +50,50 @@ void open_page() {
   mirini();
 }
 
+struct Extent {
+  double x0 = 1e300, x1 = -1e300, y0 = 1e300, y1 = -1e300;
+};
+
+Extent extent_of(const std::vector<std::pair<double, double>> &xy) {
+  Extent e;
+  for (auto &p : xy)
+    e.x0 = std::min(e.x0, p.first), e.x1 = std::max(e.x1, p.first), e.y0 = std::min(e.y0, p.second),
+    e.y1 = std::max(e.y1, p.second);
+  return e;
+}
+
+// Where the points belong on the page by PROJ's numbers: the map sits centred in the axis
+// rectangle 450..2650 x 600..1800, its extent scaled to fit.
+std::vector<Pt> proj_page(const std::string &def, const std::vector<LL> &pts, const Extent &e, double lon0) {
+  std::vector<LL> shifted = pts;
+  for (LL &p : shifted) p.lon -= lon0;
+  auto got = proj_cli(def, shifted);
+  std::vector<Pt> out;
+  double s = std::min(2200 / (e.x1 - e.x0), 1200 / (e.y1 - e.y0));
+  double bx0 = 1550 - (e.x1 - e.x0) * s / 2, by1 = 1200 + (e.y1 - e.y0) * s / 2;
+  for (auto &g : got) out.push_back({bx0 + (g.first - e.x0) * s, by1 - (g.second - e.y0) * s});
+  return out;
+}
+
 // Our page position of every point against the same points placed from PROJ's numbers: the
 // extent and placement follow from PROJ's corners, so a difference means a wrong projection.
 void expect_positions(const std::string &def, const std::vector<LL> &pts, const std::vector<LL> &extent_pts,
                       double lon0) {
-  std::vector<LL> shifted = pts;
   std::vector<LL> ext = extent_pts;
-  for (LL &p : shifted) p.lon -= lon0;
   for (LL &p : ext) p.lon -= lon0;
-  auto got = proj_cli(def, shifted), ex = proj_cli(def, ext);
-  ASSERT_EQ(got.size(), pts.size());
+  auto ex = proj_cli(def, ext);
   ASSERT_EQ(ex.size(), extent_pts.size());
-  double x0 = 1e300, x1 = -1e300, y0 = 1e300, y1 = -1e300;
-  for (auto &e : ex) x0 = std::min(x0, e.first), x1 = std::max(x1, e.first), y0 = std::min(y0, e.second), y1 = std::max(y1, e.second);
+  Extent e = extent_of(ex);
+  std::vector<Pt> want = proj_page(def, pts, e, lon0);
+  ASSERT_EQ(want.size(), pts.size());
   const AxesState &ax = mirval_state().axes;
-  // the map sits centred in the axis rectangle 450..2650 x 600..1800
-  double s = std::min(2200 / (x1 - x0), 1200 / (y1 - y0));
-  double bx0 = 1550 - (x1 - x0) * s / 2, by1 = 1200 + (y1 - y0) * s / 2;
-  EXPECT_NEAR(ax.box.x0, bx0, 1.0);
-  EXPECT_NEAR(ax.box.y1, by1, 1.0);
+  double s = std::min(2200 / (e.x1 - e.x0), 1200 / (e.y1 - e.y0));
+  EXPECT_NEAR(ax.box.x0, 1550 - (e.x1 - e.x0) * s / 2, 1.0);
+  EXPECT_NEAR(ax.box.y1, 1200 + (e.y1 - e.y0) * s / 2, 1.0);
   for (size_t i = 0; i < pts.size(); ++i) {
     Pt q = page_point(pts[i].lon, pts[i].lat);
-    EXPECT_NEAR(q.x, bx0 + (got[i].first - x0) * s, 1.0) << "point " << i;
-    EXPECT_NEAR(q.y, by1 - (got[i].second - y0) * s, 1.0) << "point " << i;
+    EXPECT_NEAR(q.x, want[i].x, 1.0) << "point " << i;
+    EXPECT_NEAR(q.y, want[i].y, 1.0) << "point " << i;
     // the position functions give the same plot coordinates
     float px, py;
     pos2pt(pts[i].lon, pts[i].lat, &px, &py);
@@ -176,6 +197,97 @@ TEST_F(MapTest, PolarStereographicPositionsAgreeWithProj) {
   expect_positions("+proj=stere +R=6371000 +lat_0=90 +lon_0=0 +lat_ts=90", {{-21.9, 64.1}, {10.75, 59.91}, {-150, 70}, {0, 90}},
                    {{90, 50}, {-90, 50}, {0, 50}, {180, 50}}, 0);
   mirfin();
+}
+
+namespace {
+
+// CURVE's markers at the cities, in red on a white page: each must sit where PROJ puts the
+// city, and POS2PT must give the same place.
+void expect_city_markers(const std::string &def, const std::vector<LL> &pts, const Extent &e, double lon0) {
+  std::vector<Pt> want = proj_page(def, pts, e, lon0);
+  ASSERT_EQ(want.size(), pts.size());
+  std::vector<float> x, y;
+  for (LL p : pts) x.push_back(p.lon), y.push_back(p.lat);
+  color("RED");
+  incmrk(-1);
+  marker(21);
+  hsymbl(40);
+  curve(x.data(), y.data(), static_cast<int>(x.size()));
+  for (size_t i = 0; i < pts.size(); ++i) {
+    float px, py;
+    pos2pt(x[i], y[i], &px, &py);
+    EXPECT_NEAR(px, want[i].x, 1.0) << "city " << i;
+    EXPECT_NEAR(py, want[i].y, 1.0) << "city " << i;
+  }
+  mirfin();
+  Picture pic = read_png("cities.png");
+  ASSERT_GT(pic.w, 0);
+  for (size_t i = 0; i < want.size(); ++i) {
+    Pixel c = pic.at(static_cast<int>(want[i].x * pic.w / 2970), static_cast<int>(want[i].y * pic.h / 2100));
+    EXPECT_TRUE(c.r > 200 && c.g < 60 && c.b < 60) << "city " << i << ": " << c.r << " " << c.g << " " << c.b;
+  }
+}
+
+void open_png(const char *file) {
+  metafl("PNG");
+  setfil(file);
+  errmod("ALL", "OFF");
+  mirini();
+}
+
+}  // namespace
+
+TEST_F(MapTest, CurveMarkersLandWhereProjPutsTheCitiesInRobinson) {
+  open_png("cities.png");
+  projct("ROBI");
+  grafmp(-180, 180, -180, 60, -90, 90, -90, 30);
+  auto ex = proj_cli("+proj=robin +R=6371000 +lon_0=0", {{-180, 0}, {180, 0}, {0, -90}, {0, 90}});
+  expect_city_markers("+proj=robin +R=6371000 +lon_0=0", cities, extent_of(ex), 0);
+}
+
+TEST_F(MapTest, CurveMarkersLandWhereProjPutsTheCitiesOnAnOrthographicGlobe) {
+  open_png("cities.png");
+  projct("ORTH");
+  mappol(40, 40);
+  grafmp(-180, 180, -180, 30, -90, 90, -90, 30);
+  // the globe's disc: the sphere's radius every way from the centre
+  const double R = 6371000;
+  Extent disc{-R, R, -R, R};
+  expect_city_markers("+proj=ortho +R=6371000 +lat_0=40 +lon_0=40",
+                      {{2.35, 48.86}, {37.62, 55.76}, {31.24, 30.04}, {77.21, 28.61}, {36.82, -1.29}, {-0.13, 51.51}},
+                      disc, 0);
+}
+
+TEST_F(MapTest, CurveAcrossTheDatelineIsCutAtTheEdge) {
+  open_png("dateline.png");
+  projct("ROBI");
+  grafmp(-180, 180, -180, 60, -90, 90, -90, 30);
+  float x[2] = {170, -170}, y[2] = {0, 0};
+  color("RED");
+  linwid(10);
+  curve(x, y, 2);
+  Pt east = page_point(178, 0), west = page_point(-178, 0), centre = page_point(0, 0), mid = page_point(-90, 0);
+  mirfin();
+  Picture pic = read_png("dateline.png");
+  ASSERT_GT(pic.w, 0);
+  auto at = [&](Pt p) { return pic.at(static_cast<int>(p.x * pic.w / 2970), static_cast<int>(p.y * pic.h / 2100)); };
+  for (Pt in : {east, west}) EXPECT_GT(at(in).r - at(in).g, 150);
+  for (Pt out : {centre, mid}) EXPECT_GT(at(out).g, 200);  // no streak across the map
+}
+
+TEST_F(MapTest, GraticuleLabelsFollowTheLabelType) {
+  labels("MAP", "X");
+  EXPECT_EQ(map_label(-30, true), "30\u00b0W");
+  EXPECT_EQ(map_label(200, true), "160\u00b0W");
+  EXPECT_EQ(map_label(180, true), "180\u00b0");
+  EXPECT_EQ(map_label(-30, false), "\u221230");  // Y keeps the plain numbers
+  labels("MAP", "Y");
+  EXPECT_EQ(map_label(-45, false), "45\u00b0S");
+  EXPECT_EQ(map_label(0, false), "0\u00b0");
+  labels("NONE", "X");
+  EXPECT_EQ(map_label(30, true), "");
+  reset("ALL");
+  EXPECT_EQ(map_label(30, true), "30");
 }
 
 TEST_F(MapTest, WorldDrawsEverySegmentOfTheShorelineFile) {

@@ -123,6 +123,7 @@ std::vector<Label> make_labels(const AxisSettings &s, const AxisRange &r, int ax
       type = LabelType::Exp;
     switch (type) {
       case LabelType::Float:
+      case LabelType::Map:  // degrees with N, S, E and W on map axis systems only
         l.text = dress(fixed(v, r.log && s.digits < 0 ? needed_digits({v}) : common));
         break;
       case LabelType::Log:
@@ -497,7 +498,8 @@ struct LabelName {
 const LabelName label_names[] = {{"FLOAT", LabelType::Float}, {"EXP", LabelType::Exp},
                                  {"FEXP", LabelType::Fexp},   {"LOG", LabelType::Log},
                                  {"NONE", LabelType::None},   {"DATE", LabelType::Date},
-                                 {"TIME", LabelType::Time},   {"MYLAB", LabelType::MyLab}};
+                                 {"TIME", LabelType::Time},   {"MYLAB", LabelType::MyLab},
+                                 {"MAP", LabelType::Map}};
 
 const char *label_name(LabelType t) {
   for (const LabelName &n : label_names)

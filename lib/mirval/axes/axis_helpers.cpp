@@ -19,8 +19,9 @@ AxisExtraState &extra() { return mirval_state().axextra; }
 
 // Plot coordinates of a user point of the current axis system; false where it has none.
 bool user_to_plot(double x, double y, double &px, double &py) {
-  px = page_x(x);
-  py = page_y(page_y_user(y));
+  Pt p = page_point(x, y);
+  px = p.x;
+  py = page_y(p.y);
   return std::isfinite(px) && std::isfinite(py);
 }
 
@@ -51,8 +52,9 @@ void pt2pos(float x, float y, float *xp, float *yp) {
   mv_tracef("pt2pos(x=%g, y=%g, xp=out, yp=out)", (double)x, (double)y);
   double ux = 0, uy = 0;
   if (mv_level("pt2pos", 2, 2)) {
-    ux = user_x(x);
-    uy = user_y(page_y(y));
+    Pt u = user_point(x, page_y(y));
+    ux = u.x;
+    uy = u.y;
     if (!std::isfinite(ux) || !std::isfinite(uy)) {
       mv_warn("pt2pos", "the plot point (%g, %g) has no user coordinates", (double)x, (double)y);
       ux = uy = 0;

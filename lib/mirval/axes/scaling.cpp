@@ -168,6 +168,16 @@ Pt page_point(double x, double y) {
   return {page_x(x), page_y_user(y)};
 }
 
+std::vector<Pt> page_cut(double xa, double ya, double xb, double yb) {
+  return current_map() ? map_cut(xa, ya, xb, yb) : std::vector<Pt>{};
+}
+
+Pt user_point(double px, double py) {
+  Pt u;
+  if (map_page_to_user(px, py, u.x, u.y)) return u;
+  return {user_x(px), user_y(py)};
+}
+
 double user_x(double px) {
   const AxesState &ax = mirval_state().axes;
   return from_fraction(ax.range[0], (px - ax.box.x0) / (ax.box.x1 - ax.box.x0));

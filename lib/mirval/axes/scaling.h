@@ -32,5 +32,11 @@ double page_y_user(double y);
 // Both at once: on a map axis system (GRAFMP) x and y are longitude and latitude, and the
 // projection needs the two together.
 Pt page_point(double x, double y);
+// The page points to put between two neighbouring user points of a line, so that it is cut
+// where it leaves a map (at the seam opposite its centre or at its edge) and enters it again:
+// NaN between the pieces. Nothing off maps and for lines that stay on the map.
+std::vector<Pt> page_cut(double xa, double ya, double xb, double yb);
+// User coordinates of a page point: on a map through the inverse projection (NaN off the map).
+Pt user_point(double px, double py);
 double user_x(double px);
 double user_y(double py);

@@ -82,7 +82,7 @@ struct TextState {
   Just just = Just::Left;          // TXTJUS
 };
 
-enum class LabelType { Float, Exp, Fexp, Log, None, Date, Time, MyLab };
+enum class LabelType { Float, Exp, Fexp, Log, None, Date, Time, MyLab, Map };
 
 // Settings of one axis (X, Y or Z) that apply to the next axis system.
 struct AxisSettings {

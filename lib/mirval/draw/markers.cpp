@@ -148,7 +148,7 @@ void rlsymb(int n, float x1, float x2) {
     return;
   }
   const MirvalState &st = mirval_state();
-  Pt c{page_x(x1), page_y_user(x2)};
+  Pt c = page_point(x1, x2);
   if (std::isfinite(c.x) && std::isfinite(c.y) && inside(c, user_clip()))
     draw_marker(n, c, st.curve.hsymbl, pen_rgb(), st.pen.width);
 }

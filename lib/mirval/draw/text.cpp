@@ -230,13 +230,15 @@ void number(float x, int ndig, int nx, int ny) {
 void rlmess(const char *c, float x1, float x2) {
   mv_tracef("rlmess(%s, %g, %g)", mv_tstr(c).c_str(), (double)x1, (double)x2);
   if (!mv_level("rlmess", 2, 3) || !has_text("rlmess", c)) return;
-  message_at(c, page_x(x1), page_y_user(x2));
+  Pt p = page_point(x1, x2);
+  message_at(c, p.x, p.y);
 }
 
 void rlnumb(float x1, int n, float x2, float x3) {
   mv_tracef("rlnumb(%g, %d, %g, %g)", (double)x1, n, (double)x2, (double)x3);
   if (!mv_level("rlnumb", 2, 3)) return;
-  message_at(number_text(x1, n), page_x(x2), page_y_user(x3));
+  Pt p = page_point(x2, x3);
+  message_at(number_text(x1, n), p.x, p.y);
 }
 
 int nlmess(const char *cstr) {

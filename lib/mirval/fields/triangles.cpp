@@ -259,7 +259,7 @@ bool tri_args(const char *routine, const float *x, const float *y, const float *
   return read_triangles(routine, n, i1, i2, i3, ntri, tri);
 }
 
-Pt to_page(Pt p) { return {page_x(p.x), page_y_user(p.y)}; }
+Pt to_page(Pt p) { return page_point(p.x, p.y); }
 
 // Cuts the page triangle p into m * m smaller ones and adds each, clipped, to the fill of the
 // colour that colour_of gives for the mean of its corners' values (v linear over p), so that

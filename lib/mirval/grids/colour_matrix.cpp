@@ -91,7 +91,7 @@ void colour_points(const char *routine, int n, At at) {
   for (int i = 0; i < n; ++i) {
     double x, y, z;
     at(i, x, y, z);
-    Pt p{page_x(x), page_y_user(y)};
+    Pt p = page_point(x, y);
     if (!std::isfinite(p.x) || !std::isfinite(p.y)) continue;
     colour_rect(p.x - w / 2, p.y - h / 2, p.x + w / 2, p.y + h / 2, z_colour(z), clip);
   }
@@ -196,7 +196,7 @@ int nzposn(float z) {
 void rpoint(float x, float y, float z, int nw, int nh) {
   mv_tracef("rpoint(%g, %g, %g, %d, %d)", (double)x, (double)y, (double)z, nw, nh);
   if (!colour_axis("rpoint") || !positive("rpoint", "width", nw) || !positive("rpoint", "height", nh)) return;
-  Pt p{page_x(x), page_y_user(y)};
+  Pt p = page_point(x, y);
   int c = z_colour(z);
   if (!std::isfinite(p.x) || !std::isfinite(p.y) || c < 0) return;
   Rect clip = mirval_state().grid.cut_points ? user_clip() : plot_clip();

@@ -293,7 +293,7 @@ bool grid_ok(const char *routine, const GridData &g) {
 std::vector<Pt> to_page(const std::vector<Pt> &line) {
   std::vector<Pt> out;
   out.reserve(line.size());
-  for (Pt p : line) out.push_back({page_x(p.x), page_y_user(p.y)});
+  for (Pt p : line) out.push_back(page_point(p.x, p.y));
   return out;
 }
 

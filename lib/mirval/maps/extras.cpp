@@ -1,4 +1,5 @@
 // Images on maps, the map's legend plate (scale bar and north arrow) and stand-alone map axes.
+#include "maps/maps.h"
 #include "maps/projection.h"
 #include "axes/scaling.h"
 #include "core/keywords.h"
@@ -25,21 +26,6 @@ const MapProjection *need_map(const char *routine) {
   const MapProjection *m = current_map();
   if (!m) mv_warn(routine, "no map axis system in force (GRAFMP)");
   return m;
-}
-
-std::string lon_text(double v, bool lon) {
-  char b[48];
-  if (std::fabs(v) < 1e-9) v = 0;
-  if (lon) {
-    double w = std::fmod(v + 180, 360);
-    if (w < 0) w += 360;
-    w -= 180;
-    if (std::fabs(w + 180) < 1e-9) w = 180;
-    std::snprintf(b, sizeof b, "%g\u00b0%s", std::fabs(w), w == 0 || std::fabs(w) == 180 ? "" : w > 0 ? "E" : "W");
-  } else {
-    std::snprintf(b, sizeof b, "%g\u00b0%s", std::fabs(v), v == 0 ? "" : v > 0 ? "N" : "S");
-  }
-  return b;
 }
 
 // A map axis: ticks where the meridians (or parallels) meet the map's lower (left) edge.
@@ -79,11 +65,11 @@ void map_axis(const char *routine, bool xaxis, float a, float e, float org, floa
       continue;
     if (xaxis) {
       p.move({at, line}), p.line({at, line + tick});
-      if (nlab) put_text(lon_text(v, true), "", {at, line + tick + h * 0.4}, h, 0, Just::Center, VAlign::Top, rgb);
+      if (nlab) put_text(map_label(v, true), "", {at, line + tick + h * 0.4}, h, 0, Just::Center, VAlign::Top, rgb);
     } else {
       p.move({line, at}), p.line({line - tick, at});
       if (nlab) {
-        std::string t = lon_text(v, false);
+        std::string t = map_label(v, false);
         put_text(t, "", {line - tick - h * 0.4, at}, h, 0, Just::Right, VAlign::Middle, rgb);
         reach = std::max(reach, text_length(t, "", h));
       }

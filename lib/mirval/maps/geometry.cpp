@@ -55,7 +55,16 @@ bool clip_segment(LL a, LL b, const Region &r, double &t0, double &t1) {
 
 LL at(LL a, LL b, double t) { return {a.lon + (b.lon - a.lon) * t, a.lat + (b.lat - a.lat) * t}; }
 
+bool in_box(LL p, const Region &r) {
+  return p.lon >= r.lon_a && p.lon <= r.lon_e && p.lat >= r.lat_a && p.lat <= r.lat_e;
+}
+
 void box_pieces(const LLine &piece, const Region &r, std::vector<LLine> &out) {
+  // most lines lie wholly inside: nothing to cut
+  if (std::all_of(piece.begin(), piece.end(), [&](LL p) { return in_box(p, r); })) {
+    out.push_back(piece);
+    return;
+  }
   LLine cur;
   for (size_t i = 0; i + 1 < piece.size(); ++i) {
     double t0, t1;
@@ -172,9 +181,10 @@ std::vector<LLine> cut_line(const LLine &line, const Region &r) {
   // split at the seam, then cut to the box
   std::vector<LLine> pieces;
   LLine cur;
+  cur.reserve(line.size());
   for (size_t i = 0; i < line.size(); ++i) {
     if (!finite(line[i])) {
-      if (!cur.empty()) pieces.push_back(cur);
+      if (!cur.empty()) pieces.push_back(std::move(cur));
       cur.clear();
       continue;
     }
@@ -187,7 +197,7 @@ std::vector<LLine> cut_line(const LLine &line, const Region &r) {
         double t = u != q.lon ? (seam - q.lon) / (u - q.lon) : 0;
         double lat = q.lat + (p.lat - q.lat) * t;
         cur.push_back({seam, lat});
-        pieces.push_back(cur);
+        pieces.push_back(std::move(cur));
         cur = {{seam > r.lon0 ? seam - 360 : seam + 360, lat}};
       } else {
         p.lon = u;  // 180 and -180 are the same meridian: stay on the side the line came from
@@ -195,7 +205,7 @@ std::vector<LLine> cut_line(const LLine &line, const Region &r) {
     }
     cur.push_back(p);
   }
-  if (!cur.empty()) pieces.push_back(cur);
+  if (!cur.empty()) pieces.push_back(std::move(cur));
   for (const LLine &piece : pieces) {
     if (piece.size() == 1) continue;
     box_pieces(piece, r, out);
@@ -208,6 +218,7 @@ namespace {
 LLine densify(const LLine &poly, double step) {
   LLine out;
   size_t n = poly.size();
+  out.reserve(n + n / 4);
   for (size_t i = 0; i < n; ++i) {
     LL a = poly[i], b = poly[(i + 1) % n];
     out.push_back(a);
@@ -300,14 +311,22 @@ std::vector<LLine> cut_polygon(const LLine &in, const Region &r, double step) {
     u.push_back({u[0].lon + net, pole});
     u.push_back({u[0].lon, pole});
   }
-  double lo = INFINITY, hi = -INFINITY;
-  for (LL p : u) lo = std::min(lo, p.lon), hi = std::max(hi, p.lon);
+  double lo = INFINITY, hi = -INFINITY, south = INFINITY, north = -INFINITY;
+  for (LL p : u) {
+    lo = std::min(lo, p.lon), hi = std::max(hi, p.lon);
+    south = std::min(south, p.lat), north = std::max(north, p.lat);
+  }
   double a = std::max(r.lon_a, r.lon0 - 180), e = std::min(r.lon_e, r.lon0 + 180);
+  bool lat_inside = south >= r.lat_a && north <= r.lat_e;
   for (int k = -2; k <= 2; ++k) {
     double s = 360.0 * k;
     if (hi + s <= a + 1e-9 || lo + s >= e - 1e-9) continue;
     LLine q = u;
     for (LL &p : q) p.lon += s;
+    if (lat_inside && lo + s >= a && hi + s <= e) {  // wholly inside: nothing to cut
+      out.push_back(densify(q, step));
+      continue;
+    }
     q = clip_side(q, true, a, 1);
     if (q.size() >= 3) q = clip_side(q, true, e, -1);
     if (q.size() >= 3) q = clip_side(q, false, r.lat_a, 1);

@@ -24,7 +24,6 @@ struct MapState {
   char resolution = 'l';            // MAPOPT(...,'RESOLUTION'): 'c', 'l' or 'i'
   bool rivers = false, borders = false;  // MAPOPT(...,'RIVERS'/'BORDERS')
   int lab_lon = 1, lab_lat = 1;     // MAPLAB: 0 none, 1 on the frame, 2 inside along the grid
-  bool lab_signed = false;          // MAPLAB('SIGNED','FORMAT'): -30 instead of 30°W
   MapUserCb user = nullptr;         // SETCBK(..., 'PROJ')
   std::string user_file;            // MAPFIL
   std::string user_kind = "NONE";   // MAPFIL's second argument: 'CURVE', 'FILL' or 'NONE'

@@ -28,6 +28,10 @@ MapState &ms() { return mirval_state().map; }
 
 int world_segments = 0;
 
+// Shorelines carry detail far finer than the page shows: points closer than a plot unit (a
+// tenth of a millimetre on A4) to the line through their neighbours are left out.
+constexpr double MAP_TOLERANCE = 1.0;
+
 // Warns once per data file that is missing, naming the package that brings it.
 void missing(const char *routine, const std::string &file, const char *package) {
   static std::set<std::string> said;
@@ -52,15 +56,16 @@ Rect map_clip(const MapProjection *m) {
 void stroke_lines(const std::vector<std::vector<Pt>> &lines, const Rect &clip, Rgb rgb, double width,
                   const std::vector<double> &dash) {
   Path p;
-  // points closer than the eye can tell apart are dropped: shorelines are dense
-  for (const std::vector<Pt> &l : lines) append_polyline(p, simplify(l, POLYLINE_TOLERANCE), clip);
+  for (const std::vector<Pt> &l : lines) append_polyline(p, simplify(l, MAP_TOLERANCE), clip);
   if (!p.empty()) stroke_path(p, rgb, width, dash);
 }
 
 void add_polygons(Path &p, const std::vector<std::vector<Pt>> &polys, const Rect &clip) {
   for (const std::vector<Pt> &q : polys) {
-    std::vector<Pt> c = clip_polygon(simplify(q, POLYLINE_TOLERANCE), clip);
-    if (c.size() >= 3) append_polygon(p, c);
+    // polygons are cut to the map already: the box rarely has anything left to do; they are
+    // not thinned, for neighbouring bins must keep their common edge or a seam would show
+    if (std::all_of(q.begin(), q.end(), [&](Pt a) { return inside(a, clip); })) append_polygon(p, q);
+    else if (std::vector<Pt> c = clip_polygon(q, clip); c.size() >= 3) append_polygon(p, c);
   }
 }
 
@@ -90,11 +95,15 @@ std::vector<int> bins_of(const BinnedData &d, const MapProjection *m) {
   return out;
 }
 
-std::string degrees(double v, bool lon) {
+}  // namespace
+
+std::string map_label(double v, bool lon) {
+  LabelType type = mirval_state().axes.axis[lon ? 0 : 1].labels;
+  if (type == LabelType::None) return "";
   char b[48];
   if (std::fabs(v) < 1e-9) v = 0;
-  if (ms().lab_signed) {
-    std::snprintf(b, sizeof b, "%g", v);
+  if (type != LabelType::Map) {
+    std::snprintf(b, sizeof b, "%s%g", v < 0 ? "\u2212" : "", std::fabs(v));
     return b;
   }
   if (lon) {
@@ -108,6 +117,8 @@ std::string degrees(double v, bool lon) {
   }
   return b;
 }
+
+namespace {
 
 std::vector<double> steps(double a, double e, double org, double step) {
   std::vector<double> v;
@@ -150,14 +161,14 @@ void draw_labels(const MapProjection *m) {
     if (ms().lab_lon && std::fabs(std::fabs(r.lat0) - 90) < 1e-9) {
       // longitudes around the disc, latitudes along the central meridian
       double edge_lat = r.lat0 > 0 ? 90 - r.cap_deg : -90 + r.cap_deg;
-      for (double lon : steps(-180, 180 - 1e-9, rx.org, rx.step)) {
+      for (double lon : steps(-180, 180 - rx.step / 2, rx.org, rx.step)) {
         Pt q = m->page({lon, edge_lat});
         if (!std::isfinite(q.x)) continue;
         double dx = q.x - c.x, dy = q.y - c.y, d = std::hypot(dx, dy);
         if (d < 1) continue;
         Pt at{q.x + dx / d * h * 1.2, q.y + dy / d * h * 1.2};
         Just j = std::fabs(dx / d) < 0.3 ? Just::Center : dx > 0 ? Just::Left : Just::Right;
-        put_text(degrees(lon, true), "", at, h, 0, j, VAlign::Middle, rgb);
+        put_text(map_label(lon, true), "", at, h, 0, j, VAlign::Middle, rgb);
         top_reach = std::max(top_reach, ax.box.y0 - at.y + h);
       }
     }
@@ -165,7 +176,7 @@ void draw_labels(const MapProjection *m) {
       for (double lat : steps(ry.a, ry.e, ry.org, ry.step)) {
         if (std::fabs(lat) >= 90 || angular_distance({r.lon0, lat}, {r.lon0, r.lat0}) > r.cap_deg - 1e-6) continue;
         Pt q = m->page({r.lon0, lat});
-        if (std::isfinite(q.x)) put_text(degrees(lat, false), "", {q.x + h * 0.3, q.y - h * 0.3}, h * 0.8, 0, Just::Left, VAlign::Base, rgb);
+        if (std::isfinite(q.x)) put_text(map_label(lat, false), "", {q.x + h * 0.3, q.y - h * 0.3}, h * 0.8, 0, Just::Left, VAlign::Base, rgb);
       }
     }
     st.axes.title_room = top_reach;
@@ -189,7 +200,7 @@ void draw_labels(const MapProjection *m) {
       bool inside_map = lat_line != r.lat_a;
       if (inside_map && (i == 0 || i + 1 == lons.size()) && r.lon_e - r.lon_a >= 359.9) continue;
       Pt p{at[i].x + (inside_map ? h * 0.3 : 0), at[i].y + (inside_map ? h * 0.4 : h * 0.6)};
-      put_text(degrees(lons[i], true), "", p, inside_map ? h * 0.8 : h, 0, inside_map ? Just::Left : Just::Center,
+      put_text(map_label(lons[i], true), "", p, inside_map ? h * 0.8 : h, 0, inside_map ? Just::Left : Just::Center,
                VAlign::Top, rgb);
     }
   }
@@ -199,7 +210,7 @@ void draw_labels(const MapProjection *m) {
       Pt q = m->page({r.lon_a, lat});
       if (!std::isfinite(q.x)) continue;
       if (ms().lab_lat == 2) q = m->page({r.lon0, lat});
-      put_text(degrees(lat, false), "", {q.x - h * 0.5, q.y}, h, 0, Just::Right, VAlign::Middle, rgb);
+      put_text(map_label(lat, false), "", {q.x - h * 0.5, q.y}, h, 0, Just::Right, VAlign::Middle, rgb);
     }
   }
   st.axes.title_room = h * 0.6;
@@ -361,7 +372,7 @@ void map_reset_opt(MirvalState &s) {
 }
 void map_reset_lab(MirvalState &s) {
   MapState d;
-  s.map.lab_lon = d.lab_lon, s.map.lab_lat = d.lab_lat, s.map.lab_signed = d.lab_signed;
+  s.map.lab_lon = d.lab_lon, s.map.lab_lat = d.lab_lat;
 }
 void map_reset_cbk(MirvalState &s) { s.map.user = nullptr; }
 void map_reset_fil(MirvalState &s) { s.map.user_file.clear(), s.map.user_kind = MapState{}.user_kind; }
@@ -697,12 +708,6 @@ void mapopt(const char *c1, const char *c2) {
 void maplab(const char *c1, const char *c2) {
   mv_tracef("maplab(%s, %s)", mv_tstr(c1).c_str(), mv_tstr(c2).c_str());
   MapState &s = ms();
-  if (same(c2, "FORMAT")) {
-    if (same(c1, "DEGREES")) s.lab_signed = false;
-    else if (same(c1, "SIGNED")) s.lab_signed = true;
-    else mv_warn("maplab", "unknown format %s (DEGREES or SIGNED)", mv_tstr(c1).c_str());
-    return;
-  }
   int v = same(c1, "NONE") ? 0 : same(c1, "BORDER") ? 1 : same(c1, "GRID") ? 2 : -1;
   if (v < 0) {
     mv_warn("maplab", "unknown placement %s (NONE, BORDER or GRID)", mv_tstr(c1).c_str());
@@ -711,7 +716,7 @@ void maplab(const char *c1, const char *c2) {
   if (same(c2, "LONG")) s.lab_lon = v;
   else if (same(c2, "LAT")) s.lab_lat = v;
   else if (same(c2, "BOTH")) s.lab_lon = s.lab_lat = v;
-  else mv_warn("maplab", "unknown labels %s (LONG, LAT, BOTH or FORMAT)", mv_tstr(c2).c_str());
+  else mv_warn("maplab", "unknown labels %s (LONG, LAT or BOTH)", mv_tstr(c2).c_str());
 }
 
 void setcbk(MvProjectionCb cb, const char *copt) {

@@ -39,30 +39,61 @@ MapProjection::~MapProjection() {
   if (ctx) proj_context_destroy(ctx);
 }
 
-bool MapProjection::forward(LL p, double &X, double &Y) const {
+// The point as PROJ takes it: radians, longitude relative to the central meridian (azimuthal
+// definitions carry their centre themselves); false where no projection has a place for it.
+bool MapProjection::radians(LL p, double &lam, double &phi) const {
   if (!std::isfinite(p.lon) || !std::isfinite(p.lat) || std::fabs(p.lat) > 90.0001) return false;
-  double lam = p.lon - region.lon0;  // relative to the central meridian
+  double l = p.lon;
+  if (info->family != MapFamily::Azimuthal) {
+    l = std::fmod(p.lon - region.lon0 + 180, 360);
+    if (l < 0) l += 360;
+    l -= 180;
+    if (p.lon - region.lon0 >= 180 - 1e-9 && l < 0) l = 180;  // the eastern edge stays east
+  }
+  lam = proj_torad(l);
+  phi = proj_torad(std::clamp(p.lat, -lat_limit, lat_limit));
+  return true;
+}
+
+bool MapProjection::forward(LL p, double &X, double &Y) const {
   if (user) {
+    if (!std::isfinite(p.lon) || !std::isfinite(p.lat) || std::fabs(p.lat) > 90.0001) return false;
     float x = static_cast<float>(p.lon), y = static_cast<float>(p.lat);
     user(&x, &y);
     X = x, Y = y;
     return std::isfinite(X) && std::isfinite(Y) && std::fabs(X) < 1e15 && std::fabs(Y) < 1e15;
   }
-  lam = std::fmod(lam + 180, 360);
-  if (lam < 0) lam += 360;
-  lam -= 180;
-  if (p.lon - region.lon0 >= 180 - 1e-9 && lam < 0) lam = 180;  // the eastern edge stays east
-  if (info->family == MapFamily::Azimuthal) lam = p.lon;  // PROJ knows the centre itself
-  double phi = std::clamp(p.lat, -90.0, 90.0);
-  if (info->family == MapFamily::Cylindrical && std::string(info->proj) == "merc")
-    phi = std::clamp(phi, -89.5, 89.5);
-  PJ_COORD c = proj_coord(proj_torad(lam), proj_torad(phi), 0, 0);
+  PJ_COORD c = proj_coord(0, 0, 0, 0);
+  if (!radians(p, c.lp.lam, c.lp.phi)) return false;
   proj_errno_reset(pj);
   PJ_COORD r = proj_trans(pj, PJ_FWD, c);
   if (proj_errno(pj) || !std::isfinite(r.xy.x) || !std::isfinite(r.xy.y) || r.xy.x == HUGE_VAL)
     return false;
   X = r.xy.x, Y = r.xy.y;
   return true;
+}
+
+void MapProjection::pages(const LLine &pts, std::vector<Pt> &out) const {
+  out.resize(pts.size());
+  if (pts.empty()) return;
+  if (user) {
+    for (size_t i = 0; i < pts.size(); ++i) out[i] = page(pts[i]);
+    return;
+  }
+  // one call for the whole line: PROJ's per-call set-up costs more than the formula
+  static thread_local std::vector<PJ_COORD> c;
+  c.resize(pts.size());
+  for (size_t i = 0; i < pts.size(); ++i) {
+    c[i] = proj_coord(0, 0, 0, 0);
+    if (!radians(pts[i], c[i].lp.lam, c[i].lp.phi)) c[i].lp.lam = HUGE_VAL;
+  }
+  proj_trans_generic(pj, PJ_FWD, &c[0].lp.lam, sizeof(PJ_COORD), c.size(), &c[0].lp.phi,
+                     sizeof(PJ_COORD), c.size(), nullptr, 0, 0, nullptr, 0, 0);
+  for (size_t i = 0; i < pts.size(); ++i) {
+    double X = c[i].xy.x, Y = c[i].xy.y;
+    bool ok = std::isfinite(X) && std::isfinite(Y) && X != HUGE_VAL && Y != HUGE_VAL;
+    out[i] = ok ? Pt{ox + (X - X0) * scale, oy - (Y - Y0) * scale} : Pt{NAN, NAN};
+  }
 }
 
 bool MapProjection::inverse(double X, double Y, LL &p) const {
@@ -104,31 +135,31 @@ void MapProjection::place(double x0, double y0, double x1, double y1, double &bx
 
 std::vector<std::vector<Pt>> MapProjection::page_lines(const LLine &line) const {
   std::vector<std::vector<Pt>> out;
+  std::vector<Pt> q;
   for (const LLine &piece : cut_line(line, region)) {
+    pages(piece, q);
     std::vector<Pt> cur;
-    for (LL p : piece) {
-      Pt q = page(p);
-      if (std::isfinite(q.x) && std::isfinite(q.y)) {
-        cur.push_back(q);
+    for (Pt p : q) {
+      if (std::isfinite(p.x) && std::isfinite(p.y)) {
+        cur.push_back(p);
       } else {
         if (cur.size() > 1) out.push_back(cur);
         cur.clear();
       }
     }
-    if (cur.size() > 1) out.push_back(cur);
+    if (cur.size() > 1) out.push_back(std::move(cur));
   }
   return out;
 }
 
 std::vector<std::vector<Pt>> MapProjection::page_polygons(const LLine &poly, double step) const {
   std::vector<std::vector<Pt>> out;
+  std::vector<Pt> q;
   for (const LLine &piece : cut_polygon(poly, region, step)) {
-    std::vector<Pt> cur;
-    for (LL p : piece) {
-      Pt q = page(p);
-      if (std::isfinite(q.x) && std::isfinite(q.y)) cur.push_back(q);
-    }
-    if (cur.size() > 2) out.push_back(cur);
+    pages(piece, q);
+    q.erase(std::remove_if(q.begin(), q.end(), [](Pt p) { return !std::isfinite(p.x) || !std::isfinite(p.y); }),
+            q.end());
+    if (q.size() > 2) out.push_back(std::move(q));
   }
   return out;
 }
@@ -204,6 +235,7 @@ std::shared_ptr<MapProjection> make_projection(const std::string &key, double lo
   r.lon0 = (lon_a + lon_e) / 2;
   r.lon_a = lon_a, r.lon_e = lon_e, r.lat_a = lat_a, r.lat_e = lat_e;
   if (std::string(info->proj) == "merc") {
+    m->lat_limit = 89.5;
     r.lat_a = std::max(r.lat_a, -85.0);
     r.lat_e = std::min(r.lat_e, 85.0);
   }
@@ -307,7 +339,6 @@ const MapProjection *current_map() {
 bool map_user_point(double lon, double lat, double &px, double &py) {
   const MapProjection *m = current_map();
   if (!m) return false;
-  LLine one{{lon, lat}};
   Pt q{NAN, NAN};
   if (!cut_line({{lon, lat}, {lon, lat}}, m->region).empty()) q = m->page({lon, lat});
   px = q.x, py = q.y;
@@ -321,4 +352,23 @@ bool map_page_to_user(double px, double py, double &lon, double &lat) {
   if (m->unpage({px, py}, p)) lon = p.lon, lat = p.lat;
   else lon = lat = NAN;
   return true;
+}
+
+std::vector<Pt> map_cut(double lon_a, double lat_a, double lon_b, double lat_b) {
+  const MapProjection *m = current_map();
+  std::vector<Pt> out;
+  if (!m || !std::isfinite(lon_a) || !std::isfinite(lat_a) || !std::isfinite(lon_b) || !std::isfinite(lat_b))
+    return out;
+  LL a{lon_a, lat_a}, b{lon_b, lat_b};
+  std::vector<LLine> pieces = cut_line({a, b}, m->region);
+  // cut_line brings longitudes next to the centre: 190 and -170 are one point
+  auto same = [](LL p, LL q) { return std::fabs(wrap_lon(p.lon - q.lon, 0)) < 1e-9 && std::fabs(p.lat - q.lat) < 1e-9; };
+  if (pieces.size() == 1 && same(pieces[0].front(), a) && same(pieces[0].back(), b)) return out;
+  const Pt gap{NAN, NAN};
+  if (pieces.empty()) out.push_back(gap);
+  for (size_t k = 0; k < pieces.size(); ++k) {
+    if (k > 0 || !same(pieces[k].front(), a)) out.push_back(gap), out.push_back(m->page(pieces[k].front()));
+    if (k + 1 < pieces.size() || !same(pieces[k].back(), b)) out.push_back(m->page(pieces[k].back())), out.push_back(gap);
+  }
+  return out;
 }

@@ -38,6 +38,7 @@ struct MapProjection {
   // projected extent (metres, or the user's units) and its place on the page
   double X0 = 0, X1 = 1, Y0 = 0, Y1 = 1;
   double scale = 1, ox = 0, oy = 0;  // page x = ox + (X - X0) * scale, page y = oy - (Y - Y0) * scale
+  double lat_limit = 90;             // Mercator stops short of the poles
 
   // Projected coordinates of a point; false where the projection has no place for it.
   bool forward(LL p, double &X, double &Y) const;
@@ -45,6 +46,8 @@ struct MapProjection {
   bool inverse(double X, double Y, LL &p) const;
   // Page coordinates of a point (NaN where there is none).
   Pt page(LL p) const;
+  // Page coordinates of many points at once.
+  void pages(const LLine &pts, std::vector<Pt> &out) const;
   // Page point back to longitude and latitude.
   bool unpage(Pt q, LL &p) const;
   // Places the extent into the rectangle, keeping proportions, centred; returns the map's box.
@@ -55,6 +58,9 @@ struct MapProjection {
   std::vector<std::vector<Pt>> page_polygons(const LLine &poly, double step = 1.0) const;
   // The outline of the region on the page (closed).
   std::vector<Pt> outline() const;
+
+ private:
+  bool radians(LL p, double &lam, double &phi) const;
 };
 
 // Builds the projection for the keyword over the range given (degrees), with the settings of
@@ -70,3 +76,6 @@ const MapProjection *current_map();
 // axis system is in force; false when there is none.
 bool map_user_point(double lon, double lat, double &px, double &py);
 bool map_page_to_user(double px, double py, double &lon, double &lat);
+// For page_cut: the page points between a and b where the line leaves the map and enters it
+// again, NaN between them; nothing when it stays on it.
+std::vector<Pt> map_cut(double lon_a, double lat_a, double lon_b, double lat_b);

@@ -105,7 +105,7 @@ void connpt(float x, float y) {
 void rlconn(float x, float y) {
   mv_tracef("rlconn(%g, %g)", (double)x, (double)y);
   if (!mv_level("rlconn", 2, 3) || !finite_point("rlconn", x, y)) return;
-  Pt to{page_x(x), page_y_user(y)};
+  Pt to = page_point(x, y);
   if (std::isfinite(to.x) && std::isfinite(to.y)) line_to(to, user_clip());
   else mv_warn("rlconn", "(%g, %g) has no place on the axes", (double)x, (double)y);
 }

@@ -70,8 +70,8 @@ void change_attributes(int how) {
 namespace {
 
 // The pieces of a curve's line: NaN points break it (or, with NANCRV('OFF'), are left out),
-// and so do neighbours farther apart in X than GAPCRV says.
-std::vector<Pt> gapped(const float *x, const std::vector<Pt> &pts) {
+// and so do neighbours farther apart in X than GAPCRV says, and a map's seam and edge.
+std::vector<Pt> gapped(const float *x, const float *y, const std::vector<Pt> &pts) {
   const ChartState &c = mirval_state().chart;
   std::vector<Pt> out;
   const Pt gap{NAN, NAN};
@@ -80,6 +80,8 @@ std::vector<Pt> gapped(const float *x, const std::vector<Pt> &pts) {
     if (c.gap_x > 0 && !out.empty() && finite(out.back()) && finite(pts[i]) && i > 0 &&
         std::fabs(double(x[i]) - x[i - 1]) > c.gap_x)
       out.push_back(gap);
+    if (i > 0)
+      for (Pt q : page_cut(x[i - 1], y[i - 1], x[i], y[i])) out.push_back(q);
     out.push_back(pts[i]);
   }
   return out;
@@ -173,7 +175,7 @@ void curve(const float *x, const float *y, int n) {
   std::vector<Pt> pts(n);
   int outside = 0;
   for (int i = 0; i < n; ++i) {
-    pts[i] = {page_x(x[i]), page_y_user(y[i])};
+    pts[i] = page_point(x[i], y[i]);
     if (!in_range(ax.range[0], x[i]) || !in_range(ax.range[1], y[i])) ++outside;
   }
   if (outside && st.curve.check)
@@ -196,7 +198,7 @@ void curve(const float *x, const float *y, int n) {
     double base = ax.box.y1;
     const AxisRange &ry = ax.range[1];
     if (!ry.log && 0 >= std::min(ry.a, ry.e) && 0 <= std::max(ry.a, ry.e)) base = page_y_user(0);
-    for (const std::vector<Pt> &line : connect_points(gapped(x, pts), c.interp, base)) {
+    for (const std::vector<Pt> &line : connect_points(gapped(x, y, pts), c.interp, base)) {
       if (c.interp == Interp::Bars) shape_path(polygon_path(line, clip));
       else if (opt.marker_gap > 0 && c.incmrk == 1 && c.interp == Interp::Linear)
         for (size_t k = 1; k < line.size(); ++k) stroke(shortened(line[k - 1], line[k], opt.marker_gap));
