@@ -1,5 +1,6 @@
 // The depth group decides what is in front in raster and vector outputs alike; lights light
 // the side of a sphere that faces them; iso-surfaces are closed and face outwards.
+#include "core/state.h"
 #include "library_test.h"
 #include "mirval.h"
 #include "solids/iso.h"
@@ -12,16 +13,21 @@ namespace {
 
 class SolidsTest : public LibraryTest {};
 
-// Two spheres that cut each other, the nearer one drawn first; the axis system is seen from
-// the front (-Y) without perspective, so that box points map straight onto the page.
-void two_spheres(const char *mode) {
+// A PNG page with a 3-D axis system seen from the front (-Y) without perspective, so that box
+// points map straight onto the page; mode: the depth group's (ZBFMOD).
+void front_view(const char *file, const char *mode) {
   metafl("PNG");
-  setfil("solids.png");
+  setfil(file);
   mirini();
   zbfmod(mode);
   proj3d("ORTHO");
   view3d(0, -8, 0, "ABS");
   graf3d(-1, 1, -1, 0.5, -1, 1, -1, 0.5, -1, 1, -1, 0.5);
+}
+
+// Two spheres that cut each other, the nearer one drawn first.
+void two_spheres(const char *mode) {
+  front_view("solids.png", mode);
   color("BLUE");
   sphe3d(0.3f, -0.4f, 0, 0.5f, 40, 20);  // nearer the eye
   color("RED");
@@ -62,17 +68,80 @@ TEST_F(SolidsTest, SvgKeepsPolygons) {
   EXPECT_GT(count(s, "<path"), 60);
 }
 
-TEST_F(SolidsTest, LitSphereIsBrightestTowardsTheLight) {
-  metafl("PNG");
-  setfil("lit.png");
+// A page-filling blue fill laid with GRFINI on the back wall (box y = 1) seen from the front,
+// a red sphere in front of the wall and a green one behind it: the wall hides the green one
+// and the red one hides the wall, in raster and vector outputs alike.
+void check_wall(const char *mode) {
+  front_view("wall.png", mode);
+  color("RED");
+  sphe3d(0.4f, 0, 0, 0.3f, 30, 15);
+  grfini(-1, 1, -1, 1, 1, -1, 1, 1, 1);
+  EXPECT_EQ(getlev(), 1) << "2-D axis systems can be made on the plane";
+  int w, h;
+  getpag(&w, &h);
+  color("BLUE");
+  recfll(0, 0, w, h, getclr());
+  grffin();
+  EXPECT_EQ(getlev(), 3);
+  color("GREEN");
+  sphe3d(-0.4f, 1.5f, 0, 0.3f, 30, 15);
+  float rx, ry, gx, gy, wx, wy;
+  rel3pt(0.4f, 0, 0, &rx, &ry);
+  rel3pt(-0.4f, 1, 0, &gx, &gy);
+  rel3pt(0, 1, 0.7f, &wx, &wy);
+  mirfin();
+  Picture p = read_png("wall.png");
+  ASSERT_GT(p.w, 0);
+  Pixel red = p.at(int(rx * 0.4), int(ry * 0.4)), hidden = p.at(int(gx * 0.4), int(gy * 0.4));
+  Pixel wall = p.at(int(wx * 0.4), int(wy * 0.4));
+  EXPECT_GT(red.r, red.b + 40) << mode << ": the sphere in front of the wall is seen";
+  EXPECT_GT(hidden.b, hidden.g + 100) << mode << ": the wall hides the sphere behind it";
+  EXPECT_GT(wall.b, 200) << mode;
+  EXPECT_LT(wall.r + wall.g, 60) << mode;
+}
+
+TEST_F(SolidsTest, PlaneHidesAndIsHiddenInTheDepthBuffer) { check_wall("RASTER"); }
+
+TEST_F(SolidsTest, PlaneHidesAndIsHiddenInPolygonOrder) { check_wall("VECTOR"); }
+
+TEST_F(SolidsTest, PlaneCarriesThePageCornersOntoItsCorners) {
+  metafl("SVG");
+  setfil("plane.svg");
   mirini();
-  proj3d("ORTHO");
-  view3d(0, -8, 0, "ABS");
+  graf3d(-1, 1, -1, 0.5, -1, 1, -1, 0.5, -1, 1, -1, 0.5);
+  grfini(-1, 1, -1, 1, 1, -1, 1, 1, 1);
+  int w, h;
+  getpag(&w, &h);
+  color("BLUE");
+  line(0, h, w, 0);  // the page's lower left to its upper right corner
+  line(0, 0, w, h);  // upper left to lower right
+  grffin();
+  float c[4][2];
+  const float corners[4][3] = {{-1, 1, -1}, {1, 1, 1}, {-1, 1, 1}, {1, 1, -1}};
+  for (int k = 0; k < 4; ++k) rel3pt(corners[k][0], corners[k][1], corners[k][2], &c[k][0], &c[k][1]);
+  std::vector<std::vector<Pt>> lines;
+  for (const Item &it : mirval_state().scene.current().items)
+    if (it.kind == ItemKind::Stroke && it.rgb.b == 1 && it.rgb.r == 0) lines.push_back(it.path.pts);
+  mirfin();
+  ASSERT_EQ(lines.size(), 2u);
+  for (int k = 0; k < 2; ++k) {
+    ASSERT_GE(lines[k].size(), 2u);
+    const Pt &a = lines[k].front(), &b = lines[k].back();
+    EXPECT_NEAR(a.x, c[2 * k][0], 0.5);
+    EXPECT_NEAR(a.y, c[2 * k][1], 0.5);
+    EXPECT_NEAR(b.x, c[2 * k + 1][0], 0.5);
+    EXPECT_NEAR(b.y, c[2 * k + 1][1], 0.5);
+  }
+  std::string s = read_file("plane.svg");
+  EXPECT_EQ(s.find("<image"), std::string::npos) << "the plane stays vector";
+}
+
+TEST_F(SolidsTest, LitSphereIsBrightestTowardsTheLight) {
+  front_view("lit.png", "AUTO");
   light("ON");
   litpos(1, 0.6f, -1, 0.5f, "ABS");  // far up and to the right in front
   litopt(1, 0, "SPECULAR");
   litopt(1, 0, "AMBIENT");
-  graf3d(-1, 1, -1, 0.5, -1, 1, -1, 0.5, -1, 1, -1, 0.5);
   color("WHITE");
   sphe3d(0, 0, 0, 0.8f, 60, 30);
   float cx, cy, ex, ey;

@@ -129,14 +129,13 @@ void suriso(const float *x, int nx, const float *y, int ny, const float *z, int 
     for (int c : t) n[c] = n[c] + f;
   }
   Rgb c = pen_rgb();
-  auto v = [&](int i) {
-    Vtx3 x;
-    x.p[0] = p[i].x, x.p[1] = p[i].y, x.p[2] = p[i].z;
-    x.n[0] = n[i].x, x.n[1] = n[i].y, x.n[2] = n[i].z;
-    x.c = c;
-    return x;
-  };
-  for (auto &t : m.tri) s3::triangle(v(t[0]), v(t[1]), v(t[2]));
+  std::vector<Vtx3> v(p.size());
+  for (size_t i = 0; i < p.size(); ++i) {
+    v[i].p[0] = p[i].x, v[i].p[1] = p[i].y, v[i].p[2] = p[i].z;
+    v[i].n[0] = n[i].x, v[i].n[1] = n[i].y, v[i].n[2] = n[i].z;
+    v[i].c = c;
+  }
+  s3::mesh(v, m.tri);
   s3::end();
 }
 

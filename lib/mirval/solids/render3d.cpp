@@ -5,16 +5,12 @@
 #include "draw/draw.h"
 #include "grids/surface.h"
 #include "output/device.h"
+#include "output/render.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace s3 {
-
-V3 unit(V3 a) {
-  double n = std::sqrt(dot(a, a));
-  return n > 1e-300 ? a * (1 / n) : V3{0, 0, 1};
-}
 
 namespace {
 
@@ -85,69 +81,94 @@ namespace {
 
 Rgb mul(Rgb a, Rgb b) { return {a.r * b.r, a.g * b.g, a.b * b.b}; }
 
-// Where a light sits: a direction towards it (positional lights also give their distance).
-V3 light_vector(const Light &l, V3 p, double &dist) {
-  const Camera &c = cam();
-  dist = 0;
-  switch (l.mode) {
-    case 1:
-    case 2: {
-      V3 q = {l.pos[0], l.pos[1], l.pos[2]};
-      if (l.mode == 2) q = {box_coord(0, q.x), box_coord(1, q.y), box_coord(2, q.z)};
-      V3 d = q - p;
-      dist = std::sqrt(dot(d, d));
-      return unit(d);
-    }
-    case 3: {
-      double az = l.pos[0] * M_PI / 180, el = l.pos[1] * M_PI / 180;
-      return unit({std::cos(el) * std::sin(az), -std::cos(el) * std::cos(az), std::sin(el)});
-    }
-    default: {
-      V3 u{c.u[0], c.u[1], c.u[2]}, v{c.v[0], c.v[1], c.v[2]}, w = look();
-      return unit(u * l.pos[0] + v * l.pos[1] - w * l.pos[2]);
+// The lights as shading needs them, taken from the settings once per routine: directions of
+// far lights and box positions of near ones, colours already times the material's.
+struct Lighting {
+  struct Source {
+    bool near;          // positional: v is its box point, else the direction towards it
+    V3 v, half;         // half: between v and the viewer, for far lights in the orthographic view
+    Rgb diffuse, specular;
+    double att[3];
+  };
+  bool on = false, ortho = false, positional = false;
+  V3 eye, towards_viewer;  // towards_viewer: for the orthographic view
+  Source src[8];
+  int count = 0;
+  Rgb ambient{0, 0, 0};  // every light's ambient part times the material's
+  double shininess = 0;
+  double cut = 0;        // a highlight below this cosine adds less than a colour step
+
+  explicit Lighting(const SolidState &s, const Camera &c) {
+    on = s.lighting, ortho = c.ortho;
+    eye = {c.eye[0], c.eye[1], c.eye[2]};
+    towards_viewer = V3{c.w[0], c.w[1], c.w[2]} * -1;
+    shininess = s.shininess;
+    cut = shininess > 0 ? std::pow(0.25 / 255, 1 / shininess) : 0;
+    V3 u{c.u[0], c.u[1], c.u[2]}, v{c.v[0], c.v[1], c.v[2]};
+    for (const Light &l : s.lights) {
+      if (!l.on) continue;
+      Source &o = src[count++];
+      o.near = l.mode == 1 || l.mode == 2;
+      positional = positional || o.near;
+      if (o.near) {
+        o.v = {l.pos[0], l.pos[1], l.pos[2]};
+        if (l.mode == 2) o.v = {box_coord(0, o.v.x), box_coord(1, o.v.y), box_coord(2, o.v.z)};
+      } else if (l.mode == 3) {
+        double az = l.pos[0] * M_PI / 180, el = l.pos[1] * M_PI / 180;
+        o.v = unit({std::cos(el) * std::sin(az), -std::cos(el) * std::cos(az), std::sin(el)});
+      } else {
+        o.v = unit(u * l.pos[0] + v * l.pos[1] + towards_viewer * l.pos[2]);
+      }
+      o.half = unit(o.v + towards_viewer);
+      o.diffuse = mul(l.diffuse, s.mat_diffuse);
+      o.specular = mul(l.specular, s.mat_specular);
+      for (int k = 0; k < 3; ++k) o.att[k] = l.att[k];
+      Rgb a = mul(l.ambient, s.mat_ambient);
+      ambient = {ambient.r + a.r, ambient.g + a.g, ambient.b + a.b};
     }
   }
-}
+
+  // Whether shading needs the point itself (else any point will do).
+  bool needs_point() const { return !ortho || (on && positional); }
+
+  Rgb shade(V3 p, V3 nrm, Rgb base) const {
+    V3 view = ortho ? towards_viewer : unit(eye - p);
+    V3 n = unit(nrm);
+    double nv = dot(n, view);
+    if (nv < 0) n = n * -1, nv = -nv;  // both sides of a surface are lit as the side seen
+    if (!on) {
+      float f = float(0.3 + 0.7 * nv);
+      return {base.r * f, base.g * f, base.b * f};
+    }
+    double r = ambient.r * base.r, g = ambient.g * base.g, b = ambient.b * base.b;
+    for (int i = 0; i < count; ++i) {
+      const Source &l = src[i];
+      double att = 1;
+      V3 L = l.v;
+      if (l.near) {
+        V3 d = l.v - p;
+        double dist = std::sqrt(dot(d, d));
+        L = dist > 1e-300 ? d * (1 / dist) : V3{0, 0, 1};
+        double a = l.att[0] + l.att[1] * dist + l.att[2] * dist * dist;
+        att = a > 1e-9 ? 1 / a : 1;
+      }
+      double nl = dot(n, L);
+      if (nl <= 0) continue;
+      r += att * nl * l.diffuse.r * base.r, g += att * nl * l.diffuse.g * base.g, b += att * nl * l.diffuse.b * base.b;
+      double nh = dot(n, ortho && !l.near ? l.half : unit(L + view));
+      if (nh > cut || (att > 1 && nh > 0)) {
+        double sp = att * std::pow(nh, shininess);
+        r += sp * l.specular.r, g += sp * l.specular.g, b += sp * l.specular.b;
+      }
+    }
+    auto clamp = [](double v) { return float(std::min(1.0, std::max(0.0, v))); };
+    return {clamp(r), clamp(g), clamp(b)};
+  }
+};
 
 }  // namespace
 
-Rgb shade(V3 p, V3 n, Rgb base) {
-  const SolidState &s = sol();
-  V3 view = cam().ortho ? look() * -1 : unit(eye() - p);
-  n = unit(n);
-  double nv = dot(n, view);
-  if (nv < 0) n = n * -1, nv = -nv;  // both sides of a surface are lit as the side seen
-  if (!s.lighting) {
-    float f = float(0.3 + 0.7 * nv);
-    return {base.r * f, base.g * f, base.b * f};
-  }
-  double r = 0, g = 0, b = 0;
-  for (const Light &l : s.lights) {
-    if (!l.on) continue;
-    double dist;
-    V3 L = light_vector(l, p, dist);
-    double att = 1;
-    if (l.mode == 1 || l.mode == 2) {
-      double a = l.att[0] + l.att[1] * dist + l.att[2] * dist * dist;
-      att = a > 1e-9 ? 1 / a : 1;
-    }
-    Rgb amb = mul(mul(l.ambient, s.mat_ambient), base);
-    r += amb.r, g += amb.g, b += amb.b;
-    double nl = dot(n, L);
-    if (nl <= 0) continue;
-    Rgb dif = mul(mul(l.diffuse, s.mat_diffuse), base);
-    r += att * nl * dif.r, g += att * nl * dif.g, b += att * nl * dif.b;
-    V3 h = unit(L + view);
-    double nh = dot(n, h);
-    if (nh > 0) {
-      double sp = att * std::pow(nh, s.shininess);
-      Rgb spc = mul(l.specular, s.mat_specular);
-      r += sp * spc.r, g += sp * spc.g, b += sp * spc.b;
-    }
-  }
-  auto clamp = [](double v) { return float(std::min(1.0, std::max(0.0, v))); };
-  return {clamp(r), clamp(g), clamp(b)};
-}
+Rgb shade(V3 p, V3 n, Rgb base) { return Lighting(sol(), cam()).shade(p, n, base); }
 
 // ---------------------------------------------------------------------------------------
 // The group
@@ -155,8 +176,37 @@ Rgb shade(V3 p, V3 n, Rgb base) {
 namespace {
 
 uint32_t pack(Rgb c) {
-  auto b = [](float v) { return uint32_t(std::lround(std::min(1.0f, std::max(0.0f, v)) * 255)); };
+  auto b = [](float v) { return uint32_t(std::min(1.0f, std::max(0.0f, v)) * 255 + 0.5f); };
   return 0xff000000u | b(c.r) << 16 | b(c.g) << 8 | b(c.b);
+}
+
+Rgb unpack(uint32_t c) { return {float(c >> 16 & 255) / 255, float(c >> 8 & 255) / 255, float(c & 255) / 255}; }
+
+// A lit sample waits for its light (alpha 0xfe) until the routine ends, so that only what is
+// seen in the end is shaded; its normal is kept meanwhile, folded onto an octahedron in 2 x 16
+// bits.
+const uint32_t PENDING = 0xfe000000u;
+
+uint32_t fold(V3 n) {
+  double l1 = std::fabs(n.x) + std::fabs(n.y) + std::fabs(n.z);
+  if (!(l1 > 1e-300)) return 0x7fff7fffu;
+  double x = n.x / l1, y = n.y / l1;
+  if (n.z < 0) {
+    double fx = (1 - std::fabs(y)) * (x < 0 ? -1 : 1), fy = (1 - std::fabs(x)) * (y < 0 ? -1 : 1);
+    x = fx, y = fy;
+  }
+  auto q = [](double v) { return uint32_t((v * 0.5 + 0.5) * 65535 + 0.5); };
+  return q(x) << 16 | q(y);
+}
+
+V3 unfold(uint32_t k) {
+  double x = double(k >> 16) / 65535 * 2 - 1, y = double(k & 0xffff) / 65535 * 2 - 1;
+  double z = 1 - std::fabs(x) - std::fabs(y);
+  if (z < 0) {
+    double fx = (1 - std::fabs(y)) * (x < 0 ? -1 : 1), fy = (1 - std::fabs(x)) * (y < 0 ? -1 : 1);
+    x = fx, y = fy;
+  }
+  return {x, y, z};
 }
 
 bool group_valid(const DepthGroup &g) {
@@ -203,6 +253,33 @@ Rect clip_rect() {
   return s.clip == 0 ? page_rect() : user_clip();
 }
 
+struct ClipS {
+  int x0, y0, x1, y1;  // samples x0..x1-1
+};
+
+// What a routine's raster drawing needs for every corner and sample, taken at its start.
+struct Frame {
+  Camera cam;
+  double near_clip = 0, far_clip = 0;
+  double kx = 1, ky = 1;  // samples per plot unit
+  ClipS clip{0, 0, 0, 0};
+};
+Frame frame;
+
+void take_frame() {
+  const MirvalState &st = mirval_state();
+  const DepthGroup &g = st.solid.group;
+  frame.cam = cam();
+  frame.near_clip = st.space.near_clip, frame.far_clip = st.space.far_clip;
+  frame.kx = double(g.W) / st.page.width, frame.ky = double(g.H) / st.page.height;
+  Rect r = clip_rect();
+  ClipS &c = frame.clip;
+  c = {int(std::floor(r.x0 * frame.kx)), int(std::floor(r.y0 * frame.ky)), int(std::ceil(r.x1 * frame.kx)),
+       int(std::ceil(r.y1 * frame.ky))};
+  c.x0 = std::max(0, c.x0), c.y0 = std::max(0, c.y0);
+  c.x1 = std::min(g.W, c.x1), c.y1 = std::min(g.H, c.y1);
+}
+
 // Sample coordinates and depth key (greater is nearer) of a box point; false behind the eye
 // or outside VCLP3D's depths.
 struct SP {
@@ -210,17 +287,16 @@ struct SP {
 };
 
 bool to_sample(V3 p, SP &o) {
-  const MirvalState &st = mirval_state();
-  const DepthGroup &g = st.solid.group;
+  const Frame &f = frame;
   double pp[3] = {p.x, p.y, p.z};
-  double w = depth(cam(), pp);
-  if (st.space.near_clip > 0 && w < st.space.near_clip) return false;
-  if (st.space.far_clip > 0 && w > st.space.far_clip) return false;
-  Pt q = project(cam(), pp);
+  double w = depth(f.cam, pp);
+  if (f.near_clip > 0 && w < f.near_clip) return false;
+  if (f.far_clip > 0 && w > f.far_clip) return false;
+  Pt q = project(f.cam, pp);
   if (!std::isfinite(q.x) || !std::isfinite(q.y)) return false;
-  o.x = q.x * g.W / st.page.width;
-  o.y = q.y * g.H / st.page.height;
-  if (cam().ortho) {
+  o.x = q.x * f.kx;
+  o.y = q.y * f.ky;
+  if (f.cam.ortho) {
     o.z = -w, o.q = 1;
   } else {
     o.z = 1 / w, o.q = 1 / w;
@@ -228,19 +304,13 @@ bool to_sample(V3 p, SP &o) {
   return true;
 }
 
-struct ClipS {
-  int x0, y0, x1, y1;  // samples x0..x1-1
-};
-
-ClipS sample_clip() {
-  const MirvalState &st = mirval_state();
-  const DepthGroup &g = st.solid.group;
-  Rect r = clip_rect();
-  double kx = double(g.W) / st.page.width, ky = double(g.H) / st.page.height;
-  ClipS c{int(std::floor(r.x0 * kx)), int(std::floor(r.y0 * ky)), int(std::ceil(r.x1 * kx)), int(std::ceil(r.y1 * ky))};
-  c.x0 = std::max(0, c.x0), c.y0 = std::max(0, c.y0);
-  c.x1 = std::min(g.W, c.x1), c.y1 = std::min(g.H, c.y1);
-  return c;
+// The box point seen at the centre of sample (x, y) with depth key z: to_sample undone.
+V3 from_sample(int x, int y, double z) {
+  const Camera &c = frame.cam;
+  double w = c.ortho ? -z : 1 / z, scale = (c.ortho ? c.dist : w) / c.focal;
+  double du = ((x + 0.5) / frame.kx - c.centre.x) * scale, dv = -((y + 0.5) / frame.ky - c.centre.y) * scale;
+  V3 e{c.eye[0], c.eye[1], c.eye[2]}, u{c.u[0], c.u[1], c.u[2]}, v{c.v[0], c.v[1], c.v[2]}, ww{c.w[0], c.w[1], c.w[2]};
+  return e + u * du + v * dv + ww * w;
 }
 
 void mark_dirty(DepthGroup &g, int x0, int y0, int x1, int y1) {
@@ -253,11 +323,11 @@ void mark_dirty(DepthGroup &g, int x0, int y0, int x1, int y1) {
 }
 
 // Scan-converts a triangle: every sample centre inside it whose depth key is greater than the
-// stored one gets shade(l0, l1, l2) (screen-space barycentric weights).
+// stored one gets shadefn(l0, l1, l2, k) (screen-space barycentric weights, sample index).
 template <class F>
 void raster_triangle(const SP &a, const SP &b, const SP &c, double bias, F shadefn) {
   DepthGroup &g = sol().group;
-  ClipS cl = sample_clip();
+  const ClipS &cl = frame.clip;
   double area = (b.x - a.x) * (c.y - a.y) - (c.x - a.x) * (b.y - a.y);
   if (!(std::fabs(area) > 1e-12)) return;
   int x0 = std::max(cl.x0, int(std::floor(std::min({a.x, b.x, c.x}))));
@@ -266,25 +336,42 @@ void raster_triangle(const SP &a, const SP &b, const SP &c, double bias, F shade
   int y1 = std::min(cl.y1 - 1, int(std::ceil(std::max({a.y, b.y, c.y}))));
   if (x0 > x1 || y0 > y1) return;
   double inv = 1 / area;
+  // the weights are linear in the sample's place: l = l(x0) + x * step along each row
+  double s0 = -(c.y - b.y) * inv, s1 = -(a.y - c.y) * inv;
   bool any = false;
   for (int y = y0; y <= y1; ++y) {
-    double py = y + 0.5;
-    for (int x = x0; x <= x1; ++x) {
-      double px = x + 0.5;
-      double l0 = ((b.x - px) * (c.y - py) - (c.x - px) * (b.y - py)) * inv;
-      double l1 = ((c.x - px) * (a.y - py) - (a.x - px) * (c.y - py)) * inv;
+    double py = y + 0.5, px = x0 + 0.5;
+    double l0 = ((b.x - px) * (c.y - py) - (c.x - px) * (b.y - py)) * inv;
+    double l1 = ((c.x - px) * (a.y - py) - (a.x - px) * (c.y - py)) * inv;
+    size_t k = size_t(y) * g.W + x0;
+    for (int x = x0; x <= x1; ++x, ++k, l0 += s0, l1 += s1) {
       double l2 = 1 - l0 - l1;
       if (l0 < 0 || l1 < 0 || l2 < 0) continue;
       double z = l0 * a.z + l1 * b.z + l2 * c.z;
       z += bias * std::fabs(z);
-      size_t k = size_t(y) * g.W + x;
       if (!(z > g.depth[k])) continue;
       g.depth[k] = float(z);
-      g.colour[k] = shadefn(l0, l1, l2);
+      g.colour[k] = shadefn(l0, l1, l2, k);
       any = true;
     }
   }
   if (any) mark_dirty(g, x0, y0, x1 + 1, y1 + 1);
+}
+
+// Lights the samples that wait for it in the dirty samples.
+void shade_pending() {
+  DepthGroup &g = sol().group;
+  if (g.dx0 > g.dx1 || g.normal.empty()) return;
+  Lighting light(sol(), frame.cam);
+  bool point = light.needs_point();
+  for (int y = g.dy0; y < g.dy1; ++y)
+    for (int x = g.dx0; x < g.dx1; ++x) {
+      size_t k = size_t(y) * g.W + x;
+      uint32_t c = g.colour[k];
+      if ((c & 0xff000000u) != PENDING) continue;
+      V3 p = point ? from_sample(x, y, g.depth[k]) : V3{};
+      g.colour[k] = pack(light.shade(p, unfold(g.normal[k]), unpack(c)));
+    }
 }
 
 void downsample() {
@@ -317,6 +404,7 @@ struct Poly {
   Rgb c;
   V3 n;
   double d;
+  int card = -1;  // a plane of 2-D items (GRFINI): its items are drawn in its place
 };
 
 struct Line {
@@ -502,6 +590,15 @@ void rebuild_vector() {
   DepthGroup &g = st.solid.group;
   Bsp t;
   t.polys.reserve(g.tris.size());
+  Lighting light(st.solid, cam());
+  // the cards first: as the tree's top planes they are cut by nothing
+  for (size_t i = 0; i < g.cards.size(); ++i) {
+    Poly p;
+    for (const double *c : g.cards[i].c) p.v.push_back({c[0], c[1], c[2]});
+    p.card = int(i);
+    if (plane_of(p)) t.polys.push_back(std::move(p));
+  }
+  std::vector<char> card_drawn(g.cards.size());
   for (const Tri3 &tr : g.tris) {
     Poly p;
     V3 c{0, 0, 0}, n{0, 0, 0};
@@ -515,7 +612,7 @@ void rebuild_vector() {
     }
     if (!plane_of(p)) continue;
     if (dot(n, n) < 1e-20) n = p.n;
-    p.c = tr.lit ? shade(c, n, {r, gg, b}) : Rgb{r, gg, b};
+    p.c = tr.lit ? light.shade(c, n, {r, gg, b}) : Rgb{r, gg, b};
     t.polys.push_back(std::move(p));
   }
   for (const Seg3 &s : g.segs) t.lines.push_back({{s.a[0], s.a[1], s.a[2]}, {s.b[0], s.b[1], s.b[2]}, s.c, s.width});
@@ -531,6 +628,11 @@ void rebuild_vector() {
   };
   auto emit_poly = [&](int i) {
     const Poly &p = t.polys[i];
+    if (p.card >= 0) {
+      if (!card_drawn[p.card]) items.insert(items.end(), g.cards[p.card].items.begin(), g.cards[p.card].items.end());
+      card_drawn[p.card] = true;
+      return;
+    }
     std::vector<Pt> q(p.v.size());
     for (size_t k = 0; k < p.v.size(); ++k)
       if (!page_pt(p.v[k], q[k])) return;
@@ -596,72 +698,180 @@ bool dirty_vector = false;
 bool begin(const char *routine) {
   if (!mv_level(routine, 3, 3)) return false;
   if (!group_valid(sol().group)) new_group();
+  if (sol().group.raster) take_frame();
   return true;
 }
 
 void end() {
   DepthGroup &g = sol().group;
   if (!g.active) return;
-  if (g.raster) downsample();
+  if (g.raster) shade_pending(), downsample();
   else if (dirty_vector) rebuild_vector();
   dirty_vector = false;
 }
 
-void triangle(const Vtx3 &a, const Vtx3 &b, const Vtx3 &c, bool lit, float alpha) {
-  DepthGroup &g = sol().group;
-  if (!g.active) return;
+namespace {
+
+// Keeps a triangle for the polygon file and the vector outputs; false when it has a corner
+// that is not finite.
+bool keep(const Vtx3 &a, const Vtx3 &b, const Vtx3 &c, bool lit, float alpha) {
+  SolidState &s = sol();
   for (const Vtx3 *v : {&a, &b, &c})
     for (int k = 0; k < 3; ++k)
-      if (!std::isfinite(v->p[k])) return;
-  if (sol().ply_open && sol().ply.size() < 20000000) {
-    Tri3 t;
-    t.v[0] = a, t.v[1] = b, t.v[2] = c;
-    t.lit = lit;
-    sol().ply.push_back(t);
-  }
-  if (!g.raster) {
-    Tri3 t;
-    t.v[0] = a, t.v[1] = b, t.v[2] = c;
-    t.lit = lit, t.alpha = alpha;
-    g.tris.push_back(t);
-    dirty_vector = true;
-    return;
-  }
-  SP s[3];
+      if (!std::isfinite(v->p[k])) return false;
+  bool ply = s.ply_open && s.ply.size() < 20000000;
+  if (!ply && s.group.raster) return true;
+  Tri3 t;
+  t.v[0] = a, t.v[1] = b, t.v[2] = c;
+  t.lit = lit, t.alpha = alpha;
+  if (ply) s.ply.push_back(t);
+  if (!s.group.raster) s.group.tris.push_back(t), dirty_vector = true;
+  return true;
+}
+
+// A triangle whose corners are already on the sample grid.
+void raster(const Vtx3 &a, const Vtx3 &b, const Vtx3 &c, const SP s[3], bool lit) {
+  DepthGroup &g = sol().group;
   const Vtx3 *v[3] = {&a, &b, &c};
-  for (int k = 0; k < 3; ++k)
-    if (!to_sample({v[k]->p[0], v[k]->p[1], v[k]->p[2]}, s[k])) return;
   // whether the corners differ at all: flat triangles need no per-sample work
-  bool same = true;
-  for (int k = 1; k < 3 && same; ++k)
-    same = v[k]->c.r == a.c.r && v[k]->c.g == a.c.g && v[k]->c.b == a.c.b && v[k]->n[0] == a.n[0] &&
-           v[k]->n[1] == a.n[1] && v[k]->n[2] == a.n[2];
+  bool same_colour = true, same_normal = true;
+  for (int k = 1; k < 3; ++k) {
+    same_colour = same_colour && v[k]->c.r == a.c.r && v[k]->c.g == a.c.g && v[k]->c.b == a.c.b;
+    same_normal = same_normal && v[k]->n[0] == a.n[0] && v[k]->n[1] == a.n[1] && v[k]->n[2] == a.n[2];
+  }
+  auto weights = [&](double l0, double l1, double l2, double w[3]) {  // perspective-correct
+    w[0] = l0 * s[0].q, w[1] = l1 * s[1].q, w[2] = l2 * s[2].q;
+    double sum = w[0] + w[1] + w[2];
+    w[0] /= sum, w[1] /= sum, w[2] /= sum;
+  };
+  auto colour = [&](const double w[3]) {
+    return pack({float(w[0] * a.c.r + w[1] * b.c.r + w[2] * c.c.r), float(w[0] * a.c.g + w[1] * b.c.g + w[2] * c.c.g),
+                 float(w[0] * a.c.b + w[1] * b.c.b + w[2] * c.c.b)});
+  };
+  uint32_t flat = pack(a.c);
   if (!lit) {
-    if (same) {
-      uint32_t col = pack(a.c);
-      raster_triangle(s[0], s[1], s[2], 0, [col](double, double, double) { return col; });
-      return;
-    }
-    raster_triangle(s[0], s[1], s[2], 0, [&](double l0, double l1, double l2) {
-      double w0 = l0 * s[0].q, w1 = l1 * s[1].q, w2 = l2 * s[2].q, sum = w0 + w1 + w2;
-      w0 /= sum, w1 /= sum, w2 /= sum;
-      return pack({float(w0 * a.c.r + w1 * b.c.r + w2 * c.c.r), float(w0 * a.c.g + w1 * b.c.g + w2 * c.c.g),
-                   float(w0 * a.c.b + w1 * b.c.b + w2 * c.c.b)});
+    raster_triangle(s[0], s[1], s[2], 0, [&](double l0, double l1, double l2, size_t) {
+      if (same_colour) return flat;
+      double w[3];
+      weights(l0, l1, l2, w);
+      return colour(w);
     });
     return;
   }
-  raster_triangle(s[0], s[1], s[2], 0, [&](double l0, double l1, double l2) {
-    double w0 = l0 * s[0].q, w1 = l1 * s[1].q, w2 = l2 * s[2].q, sum = w0 + w1 + w2;
-    w0 /= sum, w1 /= sum, w2 /= sum;
-    V3 p{w0 * a.p[0] + w1 * b.p[0] + w2 * c.p[0], w0 * a.p[1] + w1 * b.p[1] + w2 * c.p[1],
-         w0 * a.p[2] + w1 * b.p[2] + w2 * c.p[2]};
-    V3 n{w0 * a.n[0] + w1 * b.n[0] + w2 * c.n[0], w0 * a.n[1] + w1 * b.n[1] + w2 * c.n[1],
-         w0 * a.n[2] + w1 * b.n[2] + w2 * c.n[2]};
-    Rgb col = same ? a.c
-                   : Rgb{float(w0 * a.c.r + w1 * b.c.r + w2 * c.c.r), float(w0 * a.c.g + w1 * b.c.g + w2 * c.c.g),
-                         float(w0 * a.c.b + w1 * b.c.b + w2 * c.c.b)};
-    return pack(shade(p, n, col));
+  if (g.normal.empty()) g.normal.assign(g.colour.size(), 0);
+  uint32_t flat_normal = fold({a.n[0], a.n[1], a.n[2]});
+  raster_triangle(s[0], s[1], s[2], 0, [&](double l0, double l1, double l2, size_t k) {
+    if (same_colour && same_normal) {
+      g.normal[k] = flat_normal;
+      return (flat & 0xffffff) | PENDING;
+    }
+    double w[3];
+    weights(l0, l1, l2, w);
+    g.normal[k] = same_normal ? flat_normal
+                              : fold({w[0] * a.n[0] + w[1] * b.n[0] + w[2] * c.n[0], w[0] * a.n[1] + w[1] * b.n[1] + w[2] * c.n[1],
+                                      w[0] * a.n[2] + w[1] * b.n[2] + w[2] * c.n[2]});
+    return ((same_colour ? flat : colour(w)) & 0xffffff) | PENDING;
   });
+}
+
+bool on_samples(const Vtx3 &v, SP &s) { return to_sample({v.p[0], v.p[1], v.p[2]}, s); }
+
+}  // namespace
+
+void triangle(const Vtx3 &a, const Vtx3 &b, const Vtx3 &c, bool lit, float alpha) {
+  DepthGroup &g = sol().group;
+  if (!g.active || !keep(a, b, c, lit, alpha) || !g.raster) return;
+  SP s[3];
+  if (on_samples(a, s[0]) && on_samples(b, s[1]) && on_samples(c, s[2])) raster(a, b, c, s, lit);
+}
+
+void mesh(const std::vector<Vtx3> &v, const std::vector<std::array<int, 3>> &tris, bool lit, bool closed) {
+  DepthGroup &g = sol().group;
+  if (!g.active) return;
+  std::vector<SP> s(g.raster ? v.size() : 0);
+  std::vector<char> seen(s.size());
+  for (size_t i = 0; i < s.size(); ++i) seen[i] = on_samples(v[i], s[i]);
+  // the far side of a closed solid seen from outside is hidden by its near side: it is
+  // skipped, unless the near planes cut the solid open or the eye is inside
+  std::vector<char> front(closed && g.raster && !(frame.near_clip > 0) ? tris.size() : 0);
+  bool outside = false;
+  for (size_t i = 0; i < front.size(); ++i) {
+    const Vtx3 &a = v[tris[i][0]], &b = v[tris[i][1]], &c = v[tris[i][2]];
+    V3 pa{a.p[0], a.p[1], a.p[2]}, f = cross(V3{b.p[0], b.p[1], b.p[2]} - pa, V3{c.p[0], c.p[1], c.p[2]} - pa);
+    V3 out{a.n[0] + b.n[0] + c.n[0], a.n[1] + b.n[1] + c.n[1], a.n[2] + b.n[2] + c.n[2]};
+    const Camera &cm = frame.cam;
+    V3 to_eye = cm.ortho ? V3{-cm.w[0], -cm.w[1], -cm.w[2]} : V3{cm.eye[0], cm.eye[1], cm.eye[2]} - pa;
+    front[i] = (dot(f, to_eye) > 0) == (dot(f, out) > 0);
+    outside = outside || front[i];
+  }
+  for (size_t i = 0; i < tris.size(); ++i) {
+    const auto &t = tris[i];
+    const Vtx3 &a = v[t[0]], &b = v[t[1]], &c = v[t[2]];
+    if (!keep(a, b, c, lit, 1) || !g.raster || !seen[t[0]] || !seen[t[1]] || !seen[t[2]]) continue;
+    if (outside && !front[i]) continue;
+    const SP corners[3] = {s[t[0]], s[t[1]], s[t[2]]};
+    raster(a, b, c, corners, lit);
+  }
+}
+
+namespace {
+
+// Lays the card's items into the samples: drawn by Cairo on a clear picture of the sample
+// grid, each inked sample put at the plane's depth where nothing nearer is.
+void raster_card(const V3 corner[4], std::vector<Item> items) {
+  DepthGroup &g = sol().group;
+  SP s[3];
+  for (int k = 0; k < 3; ++k)
+    if (!to_sample(corner[k], s[k])) return;
+  // a plane's depth key is linear in the sample's place: z = A x + B y + C
+  double det = (s[1].x - s[0].x) * (s[2].y - s[0].y) - (s[2].x - s[0].x) * (s[1].y - s[0].y);
+  if (!(std::fabs(det) > 1e-9)) return;  // seen edge on
+  double A = ((s[1].z - s[0].z) * (s[2].y - s[0].y) - (s[2].z - s[0].z) * (s[1].y - s[0].y)) / det;
+  double B = ((s[2].z - s[0].z) * (s[1].x - s[0].x) - (s[1].z - s[0].z) * (s[2].x - s[0].x)) / det;
+  double C = s[0].z - A * s[0].x - B * s[0].y;
+  cairo_surface_t *surf = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, g.W, g.H);
+  cairo_t *cr = cairo_create(surf);
+  Page pg;
+  pg.items = std::move(items);
+  View v;
+  v.scale = frame.kx, v.raster = true, v.clear = true;
+  render_page(cr, pg, v);
+  cairo_destroy(cr);
+  cairo_surface_flush(surf);
+  const uint32_t *px = reinterpret_cast<const uint32_t *>(cairo_image_surface_get_data(surf));
+  int stride = cairo_image_surface_get_stride(surf) / 4;
+  uint32_t back = pack(back_rgb());
+  const ClipS &cl = frame.clip;
+  for (int y = cl.y0; y < cl.y1 && px; ++y)
+    for (int x = cl.x0; x < cl.x1; ++x) {
+      uint32_t t = px[size_t(y) * stride + x], a = t >> 24;
+      size_t k = size_t(y) * g.W + x;
+      double z = A * (x + 0.5) + B * (y + 0.5) + C;
+      if (!a || !(z > g.depth[k])) continue;
+      uint32_t under = g.colour[k] ? g.colour[k] : back, out = 0xff000000u;
+      for (int sh = 0; sh < 24; sh += 8)  // premultiplied ink over what lies below
+        out |= std::min(255u, (t >> sh & 255) + ((under >> sh & 255) * (255 - a) + 127) / 255) << sh;
+      g.colour[k] = out;
+      if (a >= 128) g.depth[k] = float(z);
+    }
+  cairo_surface_destroy(surf);
+  mark_dirty(g, cl.x0, cl.y0, cl.x1, cl.y1);
+}
+
+}  // namespace
+
+void card(const V3 corner[4], std::vector<Item> items) {
+  DepthGroup &g = sol().group;
+  if (!g.active || items.empty()) return;
+  if (g.raster) {
+    raster_card(corner, std::move(items));
+    return;
+  }
+  Card3 c;
+  for (int k = 0; k < 4; ++k) c.c[k][0] = corner[k].x, c.c[k][1] = corner[k].y, c.c[k][2] = corner[k].z;
+  c.items = std::move(items);
+  g.cards.push_back(std::move(c));
+  dirty_vector = true;
 }
 
 void segment(V3 a, V3 b, Rgb c, double width) {
@@ -679,16 +889,14 @@ void segment(V3 a, V3 b, Rgb c, double width) {
   }
   SP p, q;
   if (!to_sample(a, p) || !to_sample(b, q)) return;
-  const MirvalState &st = mirval_state();
-  double k = double(g.W) / st.page.width;
-  double hw = std::max(0.5 * g.ss, width * k / 2);
+  double hw = std::max(0.5 * g.ss, width * frame.kx / 2);
   double dx = q.x - p.x, dy = q.y - p.y, len = std::hypot(dx, dy);
   double nx = len > 0 ? -dy / len * hw : hw, ny = len > 0 ? dx / len * hw : 0;
   double ex = len > 0 ? dx / len * hw * 0.5 : 0, ey = len > 0 ? dy / len * hw * 0.5 : 0;
   SP c0{p.x + nx - ex, p.y + ny - ey, p.z, 1}, c1{p.x - nx - ex, p.y - ny - ey, p.z, 1};
   SP c2{q.x - nx + ex, q.y - ny + ey, q.z, 1}, c3{q.x + nx + ex, q.y + ny + ey, q.z, 1};
   uint32_t col = pack(c);
-  auto fn = [col](double, double, double) { return col; };
+  auto fn = [col](double, double, double, size_t) { return col; };
   raster_triangle(c0, c1, c2, 2e-3, fn);
   raster_triangle(c0, c2, c3, 2e-3, fn);
 }
@@ -735,7 +943,7 @@ void erase_group() {
     std::fill(g.image->argb.begin(), g.image->argb.end(), 0u);
     ++st.scene.changes;
   } else {
-    g.tris.clear(), g.segs.clear();
+    g.tris.clear(), g.segs.clear(), g.cards.clear();
     dirty_vector = true;
     rebuild_vector();
     dirty_vector = false;

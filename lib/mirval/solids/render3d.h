@@ -5,6 +5,8 @@
 #pragma once
 #include "core/state.h"
 
+#include <array>
+#include <cmath>
 #include <vector>
 
 namespace s3 {
@@ -17,7 +19,10 @@ inline V3 operator-(V3 a, V3 b) { return {a.x - b.x, a.y - b.y, a.z - b.z}; }
 inline V3 operator*(V3 a, double s) { return {a.x * s, a.y * s, a.z * s}; }
 inline double dot(V3 a, V3 b) { return a.x * b.x + a.y * b.y + a.z * b.z; }
 inline V3 cross(V3 a, V3 b) { return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x}; }
-V3 unit(V3 a);
+inline V3 unit(V3 a) {
+  double n = std::sqrt(dot(a, a));
+  return n > 1e-300 ? a * (1 / n) : V3{0, 0, 1};
+}
 
 // User point (after the TR3 transformation) to box coordinates, and a normal given in user
 // coordinates to a unit normal in box coordinates.
@@ -40,6 +45,13 @@ void end();
 // A triangle in box coordinates with a normal and colour per corner; lit: shaded by the
 // lights (or the soft light from the eye while lighting is off).
 void triangle(const Vtx3 &a, const Vtx3 &b, const Vtx3 &c, bool lit = true, float alpha = 1);
+// Triangles over shared corners (indices into v), each corner projected once; closed: they
+// enclose a solid and their normals point out of it.
+void mesh(const std::vector<Vtx3> &v, const std::vector<std::array<int, 3>> &tris, bool lit = true,
+          bool closed = false);
+// 2-D items already mapped through the plane with box corners corner[0..3] (GRFFIN): shown
+// where nothing nearer is.
+void card(const V3 corner[4], std::vector<Item> items);
 // A line in box coordinates, width in plot units, drawn over surfaces it lies on.
 void segment(V3 a, V3 b, Rgb c, double width);
 // A filled convex polygon facing the viewer at the depth of box point p (markers): page

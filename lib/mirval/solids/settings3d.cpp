@@ -533,36 +533,4 @@ void flab3d(void) {
   sol().flab3d = true;
 }
 
-void grfini(float x1, float y1, float z1, float x2, float y2, float z2, float x3, float y3, float z3) {
-  mv_tracef("grfini(%g, %g, %g, %g, %g, %g, %g, %g, %g)", (double)x1, (double)y1, (double)z1, (double)x2, (double)y2,
-            (double)z2, (double)x3, (double)y3, (double)z3);
-  if (!mv_level("grfini", 3, 3)) return;
-  if (!finite3("grfini", x1, y1, z1) || !finite3("grfini", x2, y2, z2) || !finite3("grfini", x3, y3, z3)) return;
-  V3 a{x1, y1, z1}, b{x2, y2, z2}, c{x3, y3, z3};
-  V3 n = s3::cross(b - a, c - a);
-  if (!(s3::dot(n, n) > 0)) {
-    mv_warn("grfini", "the three points lie on one line");
-    return;
-  }
-  SolidState &s = sol();
-  const float p[3][3] = {{x1, y1, z1}, {x2, y2, z2}, {x3, y3, z3}};
-  for (int i = 0; i < 3; ++i)
-    for (int k = 0; k < 3; ++k) s.plane[i][k] = p[i][k];
-  s.plane_on = true;
-}
-
-void grffin(void) {
-  mv_tracef("grffin()");
-  if (!sol().plane_on) {
-    mv_warn("grffin", "no plane is open (GRFINI)");
-    return;
-  }
-  sol().plane_on = false;
-}
-
-int getplv(void) {
-  mv_tracef("getplv()");
-  return sol().plane_on ? 1 : 0;
-}
-
 }  // extern "C"

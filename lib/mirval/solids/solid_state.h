@@ -43,6 +43,12 @@ struct Seg3 {
   Rgb c;
   double width = 1;
 };
+// 2-D items drawn on a plane of the box (GRFINI): already mapped to page points, and the
+// plane's corners (the page's lower left, lower right, upper right and upper left).
+struct Card3 {
+  double c[4][3];
+  std::vector<Item> items;
+};
 
 // The depth group: everything drawn in 3-D on the current axis system, hidden where it is
 // behind something else. Raster outputs keep samples with depth; vector outputs keep the
@@ -58,10 +64,12 @@ struct DepthGroup {
   int dw = 0, dh = 0;              // device pixels
   std::vector<float> depth;
   std::vector<uint32_t> colour;    // 0: empty
+  std::vector<uint32_t> normal;    // of lit samples until they are shaded
   std::shared_ptr<RasterImage> image;
   int dx0 = 1, dy0 = 1, dx1 = 0, dy1 = 0;  // dirty samples
   std::vector<Tri3> tris;
   std::vector<Seg3> segs;
+  std::vector<Card3> cards;
 };
 
 struct SolidState {
@@ -100,9 +108,11 @@ struct SolidState {
   bool ply_open = false;
   bool ply_user = true;            // PLYINI('USER'): written in user coordinates, else box
   std::vector<Tri3> ply;           // the triangles drawn since PLYINI
-  // GRFINI: a 2-D axis system on a plane of the box
+  // GRFINI: 2-D drawing carried onto a plane of the box
   bool plane_on = false;
-  double plane[3][3] = {};         // three user points: origin, end of X, end of Y
+  double plane[3][3] = {};         // box points: the page's lower left, lower right, upper right
+  size_t plane_page = 0, plane_mark = 0;  // where the plane's items begin
+  double plane_box[4] = {};        // the 3-D axis system's area, given back by GRFFIN
   DepthGroup group;
   unsigned long generation = 0;    // counts 3-D axis systems
 };

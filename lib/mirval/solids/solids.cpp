@@ -88,8 +88,10 @@ Frame along(V3 a, V3 b) {
   return f;
 }
 
-// A surface of (nu + 1) x (nv + 1) points from f(u, v) in 0..1 with its normals.
-void grid_mesh(const Frame &fr, int nu, int nv, const std::function<void(double, double, V3 &, V3 &)> &f, Rgb c) {
+// A surface of (nu + 1) x (nv + 1) points from f(u, v) in 0..1 with its normals; closed: it
+// encloses a solid on its own.
+void grid_mesh(const Frame &fr, int nu, int nv, const std::function<void(double, double, V3 &, V3 &)> &f, Rgb c,
+               bool closed = false) {
   std::vector<Vtx3> pts;
   pts.reserve(size_t(nu + 1) * (nv + 1));
   for (int j = 0; j <= nv; ++j)
@@ -98,12 +100,15 @@ void grid_mesh(const Frame &fr, int nu, int nv, const std::function<void(double,
       f(double(i) / nu, double(j) / nv, p, n);
       pts.push_back(fr.vertex(p, n, c));
     }
-  auto at = [&](int i, int j) -> const Vtx3 & { return pts[size_t(j) * (nu + 1) + i]; };
+  auto at = [&](int i, int j) { return j * (nu + 1) + i; };
+  std::vector<std::array<int, 3>> tris;
+  tris.reserve(size_t(nu) * nv * 2);
   for (int j = 0; j < nv; ++j)
     for (int i = 0; i < nu; ++i) {
-      s3::triangle(at(i, j), at(i + 1, j), at(i + 1, j + 1));
-      s3::triangle(at(i, j), at(i + 1, j + 1), at(i, j + 1));
+      tris.push_back({at(i, j), at(i + 1, j), at(i + 1, j + 1)});
+      tris.push_back({at(i, j), at(i + 1, j + 1), at(i, j + 1)});
     }
+  s3::mesh(pts, tris, true, closed);
 }
 
 // A flat polygon (convex) in the frame, one normal.
@@ -162,7 +167,7 @@ void sphe3d(float xm, float ym, float zm, float r, int n, int m) {
         nn = {std::cos(b) * std::cos(a), std::cos(b) * std::sin(a), std::sin(b)};
         p = nn * r;
       },
-      pen_rgb());
+      pen_rgb(), true);
   s3::end();
 }
 

@@ -67,17 +67,26 @@ void grid_mesh(const std::vector<V3> &p, int nu, int nv, const std::vector<Rgb> 
       V3 du = p[at(i1, j)] - p[at(i0, j)], dv = p[at(i, j1)] - p[at(i, j0)];
       nrm[at(i, j)] = unit(cross(du, dv));
     }
-  if (fill)
+  if (fill) {
+    std::vector<Vtx3> v(p.size());
+    for (size_t k = 0; k < p.size(); ++k) v[k] = vertex(p[k], nrm[k], colours[std::min(k, colours.size() - 1)]);
+    std::vector<std::array<int, 3>> tris;
+    tris.reserve(size_t(nu) * nv * 2);
+    auto add = [&](size_t a, size_t b, size_t c) {
+      if (!sol().face || face_shown((p[a] + p[b] + p[c]) * (1.0 / 3), cross(p[b] - p[a], p[c] - p[a])))
+        tris.push_back({int(a), int(b), int(c)});
+    };
     for (int i = 0; i + 1 < nu; ++i)
       for (int j = 0; j + 1 < nv; ++j) {
         size_t k00 = at(i, j), k10 = at(i + 1, j), k11 = at(i + 1, j + 1), k01 = at(i, j + 1);
-        auto v = [&](size_t k) { return vertex(p[k], nrm[k], colours[std::min(k, colours.size() - 1)]); };
         bool ok = true;
         for (size_t k : {k00, k10, k11, k01}) ok = ok && std::isfinite(p[k].x + p[k].y + p[k].z);
         if (!ok) continue;
-        tri(v(k00), v(k10), v(k11), lit);
-        tri(v(k00), v(k11), v(k01), lit);
+        add(k00, k10, k11);
+        add(k00, k11, k01);
       }
+    mesh(v, tris, lit);
+  }
   Rgb m = mesh_rgb();
   double w = mirval_state().pen.width;
   if (lines_u > 0)
