@@ -24,9 +24,14 @@ timeout 30 "$ZKL" panel.zkl >/dev/null 2>&1 &
 ZPID=$!
 W=$(win 'Damped oscillation')
 sleep 1.5
-# frequency to 2.5 and damping to 0.35 with the keyboard
-xdotool search --onlyvisible --name 'Damped oscillation' >/dev/null
-eval "$(xdotool getwindowgeometry --shell "$W")"
+# frequency to 2.5 and damping to 0.35 with the keyboard: a click on each knob focuses the
+# scale, Home sets its least value, and every Right adds a step (0.1 and 0.01); each change
+# draws the plot again
+xdotool mousemove --window "$W" 35 137 click 1 key Home
+xdotool key --delay 30 $(printf 'Right %.0s' $(seq 20))
+xdotool mousemove --window "$W" 48 203 click 1 key Home
+xdotool key --delay 30 $(printf 'Right %.0s' $(seq 35))
+sleep 1
 xwd -silent -id "$W" -out panel.xwd
 "$XWD2PNG" panel.xwd "$OUT/window_panel.png"
 xdotool windowclose "$W" 2>/dev/null || kill $ZPID
