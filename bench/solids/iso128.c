@@ -15,6 +15,7 @@ int main(void) {
   mirini();
   light("ON");
   graf3d(-1, 1, -1, 0.5, -1, 1, -1, 0.5, -1, 1, -1, 0.5);
+  color("CYAN");
   suriso(c, n, c, n, c, n, w, 0.8f);
   mirfin();
   free(w);
