@@ -1,4 +1,5 @@
-# The 'CONS' window shows the picture; after a resize the scene is drawn again at the new size.
+# The 'CONS' window shows the picture, keeps it when uncovered, and after a resize draws the
+# scene again at the new size.
 start cons_screenshot.zkl
 W=$(window 'mirval')
 sleep 1
@@ -8,6 +9,13 @@ blue=$("$XWD2PNG" shot.xwd shot1.png 0 0 255)
 # the square (colour 1 of the table, violet blue) is 800 x 800 units = about 161 x 161 pixels
 [ "$red" -gt 20000 ] && [ "$red" -lt 32000 ] || fail "red square: $red pixels"
 [ "$blue" -gt 500 ] || fail "blue line: $blue pixels"
+# taken off the screen and back, as when covered: drawn again from the scene
+xdotool windowunmap --sync "$W"
+xdotool windowmap --sync "$W"
+sleep 0.5
+screenshot "$W" shot0.png
+red0=$("$XWD2PNG" shot.xwd shot0.png 85 0 255)
+[ "$red0" = "$red" ] || fail "after being covered: $red0 red pixels (before $red)"
 xdotool windowsize --sync "$W" 900 636 2>/dev/null || xdotool windowsize "$W" 900 636
 sleep 1
 screenshot "$W" shot2.png
