@@ -330,10 +330,11 @@ void raster_triangle(const SP &a, const SP &b, const SP &c, double bias, F shade
   const ClipS &cl = frame.clip;
   double area = (b.x - a.x) * (c.y - a.y) - (c.x - a.x) * (b.y - a.y);
   if (!(std::fabs(area) > 1e-12)) return;
-  int x0 = std::max(cl.x0, int(std::floor(std::min({a.x, b.x, c.x}))));
-  int x1 = std::min(cl.x1 - 1, int(std::ceil(std::max({a.x, b.x, c.x}))));
-  int y0 = std::max(cl.y0, int(std::floor(std::min({a.y, b.y, c.y}))));
-  int y1 = std::min(cl.y1 - 1, int(std::ceil(std::max({a.y, b.y, c.y}))));
+  // the samples whose centres (x + 0.5, y + 0.5) lie in the bounding box
+  int x0 = std::max(cl.x0, int(std::ceil(std::min({a.x, b.x, c.x}) - 0.5)));
+  int x1 = std::min(cl.x1 - 1, int(std::floor(std::max({a.x, b.x, c.x}) - 0.5)));
+  int y0 = std::max(cl.y0, int(std::ceil(std::min({a.y, b.y, c.y}) - 0.5)));
+  int y1 = std::min(cl.y1 - 1, int(std::floor(std::max({a.y, b.y, c.y}) - 0.5)));
   if (x0 > x1 || y0 > y1) return;
   double inv = 1 / area;
   // the weights are linear in the sample's place: l = l(x0) + x * step along each row
