@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Without a display nothing waits: a panel script ends at once (WGFIN returns), WGINI warns
 # once however often it is called, MIRFIN of a 'XWIN' picture writes the PNG file instead,
-# and the dialogs return their defaults.
+# and the dialogs return their defaults. A DISPLAY whose server does not answer counts as none.
 set -u
 ZKL=$1 CASES=$2
 WORK=$(mktemp -d)
@@ -35,4 +35,11 @@ cmp -s want.txt out.txt || fail "dialogs without display: $(diff want.txt out.tx
 timeout 10 "$ZKL" picture.zkl > out.txt 2> err.txt
 grep -q 'no screen window can be opened' err.txt || fail "no fallback warning"
 [ -s mirval.png ] || fail "no PNG written"
+# DISPLAY names a server that does not answer: the same fallback, without waiting
+rm -f mirval.png
+t0=$(date +%s%N)
+DISPLAY=:1999 timeout 10 "$ZKL" picture.zkl > out.txt 2> err.txt
+ms=$(( ($(date +%s%N) - t0) / 1000000 ))
+grep -q 'no screen window can be opened' err.txt || fail "no fallback warning with a dead DISPLAY"
+[ -s mirval.png ] && [ $ms -lt 3000 ] || fail "dead DISPLAY: PNG missing or $ms ms"
 echo "PASS: no_display"
