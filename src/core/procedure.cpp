@@ -591,7 +591,7 @@ static bool marked(int i, char mark) {
 bool run_header(const HeaderForm &h) {
   if (std::strcmp(h.pname, usrproc.name) != 0) return false;
   int first = usrproc.first, last = usrproc.last < MAXVAR ? usrproc.last : MAXVAR - 1;
-  if (first < 0) last = -1;
+  if (first < 0) first = 0, last = -1;  // no parameters were passed
   // each formal takes the next "$" record, as find_actual finds them one after the other
   int taken[MAXFORMS], n = 0, i = first;
   for (const HeaderForm::Formal &f : h.formals) {
