@@ -8,6 +8,7 @@
 #include "mirval.h"
 #include "axes/scaling.h"
 #include "draw/text.h"
+#include "maps/maps.h"
 #include "core/trace.h"
 
 #include <algorithm>
@@ -240,6 +241,8 @@ void crvmat(const float *zmat, int nx, int ny, int ixpts, int iypts) {
     mv_warn("crvmat", "%g cells are too many; lower ixpts or iypts", cols * rows);
     return;
   }
+  auto colour_at = [&](int c, int r) { return z_colour(cell_value(zmat, nx, ny, (c + 0.5) / ixpts, (r + 0.5) / iypts)); };
+  if (map_cells(static_cast<int>(cols), static_cast<int>(rows), colour_at)) return;
   const Rect &b = mirval_state().axes.box;
   double w = (b.x1 - b.x0) / cols, h = (b.y1 - b.y0) / rows;
   Rect clip = user_clip();
@@ -247,7 +250,7 @@ void crvmat(const float *zmat, int nx, int ny, int ixpts, int iypts) {
     // cells of one colour next to each other in a row make one rectangle
     int run = 0, run_colour = -1;
     for (int c = 0; c <= cols; ++c) {
-      int colour = c < cols ? z_colour(cell_value(zmat, nx, ny, (c + 0.5) / ixpts, (r + 0.5) / iypts)) : -2;
+      int colour = c < cols ? colour_at(c, r) : -2;
       if (c > 0 && colour == run_colour) continue;
       if (c > 0) {
         // cells reach under their right and upper neighbours, drawn later: no seams

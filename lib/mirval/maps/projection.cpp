@@ -34,10 +34,39 @@ const ProjectionInfo *find_projection(const std::string &key) {
   return nullptr;
 }
 
-MapProjection::~MapProjection() {
-  if (pj) proj_destroy(pj);
-  if (ctx) proj_context_destroy(ctx);
+namespace {
+
+// One PROJ context for the process and the transformation of the latest set-up, so that a
+// script drawing map after map in one projection sets PROJ up once. Each transformation holds
+// the context: it goes after the last map that uses it, in whatever order things end at exit.
+struct Transformations {
+  std::shared_ptr<pj_ctx> ctx;
+  std::string definition;
+  std::shared_ptr<PJconsts> latest;
+};
+
+std::shared_ptr<PJconsts> transformation(const std::string &def) {
+  static Transformations t;
+  if (t.latest && t.definition == def) return t.latest;
+  if (!t.ctx) {
+    t.ctx.reset(proj_context_create(), proj_context_destroy);
+    proj_log_level(t.ctx.get(), PJ_LOG_NONE);
+  }
+  PJ *pj = proj_create(t.ctx.get(), def.c_str());
+  if (!pj) return nullptr;
+  std::shared_ptr<pj_ctx> ctx = t.ctx;
+  t.latest.reset(pj, [ctx](PJ *p) { proj_destroy(p); });  // the one before goes with its last map
+  t.definition = def;
+  return t.latest;
 }
+
+std::string num(double v) {
+  char b[40];
+  std::snprintf(b, sizeof b, "%.10g", v);
+  return b;
+}
+
+}  // namespace
 
 // The point as PROJ takes it: radians, longitude relative to the central meridian (azimuthal
 // definitions carry their centre themselves); false where no projection has a place for it.
@@ -206,16 +235,6 @@ std::vector<Pt> MapProjection::outline() const {
   return out;
 }
 
-namespace {
-
-std::string num(double v) {
-  char b[40];
-  std::snprintf(b, sizeof b, "%.10g", v);
-  return b;
-}
-
-}  // namespace
-
 std::shared_ptr<MapProjection> make_projection(const std::string &key, double lon_a, double lon_e,
                                                double lat_a, double lat_e, float ref1, float ref2,
                                                float pole_lon, float pole_lat, double radius,
@@ -286,9 +305,8 @@ std::shared_ptr<MapProjection> make_projection(const std::string &key, double lo
   m->definition = info->family == MapFamily::User ? "user" : def;
   if (!user || info->family != MapFamily::User) {
     m->user = nullptr;
-    m->ctx = proj_context_create();
-    proj_log_level(m->ctx, PJ_LOG_NONE);
-    m->pj = proj_create(m->ctx, def.c_str());
+    m->transform = transformation(def);
+    m->pj = m->transform.get();
     if (!m->pj) {
       err = std::string("PROJ refuses \"") + def + "\"";
       return nullptr;

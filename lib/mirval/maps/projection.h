@@ -8,7 +8,6 @@
 #include <string>
 #include <vector>
 
-struct pj_ctx;
 struct PJconsts;
 
 enum class MapFamily { Cylindrical, Pseudo, Conic, Azimuthal, User };
@@ -24,16 +23,11 @@ extern const ProjectionInfo map_projections[];
 const ProjectionInfo *find_projection(const std::string &key);
 
 struct MapProjection {
-  MapProjection() = default;
-  MapProjection(const MapProjection &) = delete;
-  MapProjection &operator=(const MapProjection &) = delete;
-  ~MapProjection();
-
   const ProjectionInfo *info = nullptr;
   std::string definition;  // the PROJ definition used
   Region region;
-  pj_ctx *ctx = nullptr;
-  PJconsts *pj = nullptr;
+  std::shared_ptr<PJconsts> transform;  // shared by the maps of one set-up
+  PJconsts *pj = nullptr;               // transform.get()
   void (*user)(float *, float *) = nullptr;
   // projected extent (metres, or the user's units) and its place on the page
   double X0 = 0, X1 = 1, Y0 = 0, Y1 = 1;

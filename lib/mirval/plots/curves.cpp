@@ -267,12 +267,11 @@ void errbar(const float *xray, const float *yray, const float *e1ray, const floa
   Rect clip = user_clip();
   double half = st.curve.hsymbl / 2.0;
   for (int i = 0; i < n; ++i) {
-    double x = page_x(xray[i]), lo = page_y_user(yray[i] - e1ray[i]), hi = page_y_user(yray[i] + e2ray[i]);
-    // the bar from y - e1 to y + e2, with a cross line at each end
-    stroke_polyline({{x, lo}, {x, hi}}, clip);
-    stroke_polyline({{x - half, lo}, {x + half, lo}}, clip);
-    stroke_polyline({{x - half, hi}, {x + half, hi}}, clip);
-    Pt c{x, page_y_user(yray[i])};
+    // the bar from y - e1 to y + e2, with a cross line at each end (on a map along the meridian)
+    Pt lo = page_point(xray[i], yray[i] - e1ray[i]), hi = page_point(xray[i], yray[i] + e2ray[i]);
+    stroke_polyline({lo, hi}, clip);
+    for (Pt end : {lo, hi}) stroke_polyline({{end.x - half, end.y}, {end.x + half, end.y}}, clip);
+    Pt c = page_point(xray[i], yray[i]);
     if (finite(c) && inside(c, clip)) draw_marker(st.curve.marker, c, st.curve.hsymbl, pen_rgb(), st.pen.width);
   }
   // the legend shows the series by its marker and colour
