@@ -128,14 +128,7 @@ void suriso(const float *x, int nx, const float *y, int ny, const float *z, int 
     s3::V3 f = s3::cross(p[t[1]] - p[t[0]], p[t[2]] - p[t[0]]);
     for (int c : t) n[c] = n[c] + f;
   }
-  Rgb c = pen_rgb();
-  std::vector<Vtx3> v(p.size());
-  for (size_t i = 0; i < p.size(); ++i) {
-    v[i].p[0] = p[i].x, v[i].p[1] = p[i].y, v[i].p[2] = p[i].z;
-    v[i].n[0] = n[i].x, v[i].n[1] = n[i].y, v[i].n[2] = n[i].z;
-    v[i].c = c;
-  }
-  s3::mesh(v, m.tri);
+  s3::mesh({p, n, {pen_rgb()}}, m.tri);
   s3::end();
 }
 

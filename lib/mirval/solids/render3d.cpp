@@ -775,42 +775,40 @@ void raster(const Vtx3 &a, const Vtx3 &b, const Vtx3 &c, const SP s[3], bool lit
   });
 }
 
-bool on_samples(const Vtx3 &v, SP &s) { return to_sample({v.p[0], v.p[1], v.p[2]}, s); }
-
 }  // namespace
 
 void triangle(const Vtx3 &a, const Vtx3 &b, const Vtx3 &c, bool lit, float alpha) {
   DepthGroup &g = sol().group;
   if (!g.active || !keep(a, b, c, lit, alpha) || !g.raster) return;
   SP s[3];
-  if (on_samples(a, s[0]) && on_samples(b, s[1]) && on_samples(c, s[2])) raster(a, b, c, s, lit);
+  auto on = [](const Vtx3 &v, SP &o) { return to_sample({v.p[0], v.p[1], v.p[2]}, o); };
+  if (on(a, s[0]) && on(b, s[1]) && on(c, s[2])) raster(a, b, c, s, lit);
 }
 
-void mesh(const std::vector<Vtx3> &v, const std::vector<std::array<int, 3>> &tris, bool lit, bool closed) {
+void mesh(const Corners &v, const std::vector<std::array<int, 3>> &tris, bool lit, bool closed) {
   DepthGroup &g = sol().group;
   if (!g.active) return;
-  std::vector<SP> s(g.raster ? v.size() : 0);
-  std::vector<char> seen(s.size());
-  for (size_t i = 0; i < s.size(); ++i) seen[i] = on_samples(v[i], s[i]);
+  std::vector<SP> s(g.raster ? v.p.size() : 0);
+  for (size_t i = 0; i < s.size(); ++i)
+    if (!to_sample(v.p[i], s[i])) s[i].q = NAN;  // not seen: its triangles are left out
   // the far side of a closed solid seen from outside is hidden by its near side: it is
   // skipped, unless the near planes cut the solid open or the eye is inside
   std::vector<char> front(closed && g.raster && !(frame.near_clip > 0) ? tris.size() : 0);
   bool outside = false;
+  const Camera &cm = frame.cam;
   for (size_t i = 0; i < front.size(); ++i) {
-    const Vtx3 &a = v[tris[i][0]], &b = v[tris[i][1]], &c = v[tris[i][2]];
-    V3 pa{a.p[0], a.p[1], a.p[2]}, f = cross(V3{b.p[0], b.p[1], b.p[2]} - pa, V3{c.p[0], c.p[1], c.p[2]} - pa);
-    V3 out{a.n[0] + b.n[0] + c.n[0], a.n[1] + b.n[1] + c.n[1], a.n[2] + b.n[2] + c.n[2]};
-    const Camera &cm = frame.cam;
+    const auto &t = tris[i];
+    V3 pa = v.p[t[0]], f = cross(v.p[t[1]] - pa, v.p[t[2]] - pa), out = v.n[t[0]] + v.n[t[1]] + v.n[t[2]];
     V3 to_eye = cm.ortho ? V3{-cm.w[0], -cm.w[1], -cm.w[2]} : V3{cm.eye[0], cm.eye[1], cm.eye[2]} - pa;
     front[i] = (dot(f, to_eye) > 0) == (dot(f, out) > 0);
     outside = outside || front[i];
   }
   for (size_t i = 0; i < tris.size(); ++i) {
     const auto &t = tris[i];
-    const Vtx3 &a = v[t[0]], &b = v[t[1]], &c = v[t[2]];
-    if (!keep(a, b, c, lit, 1) || !g.raster || !seen[t[0]] || !seen[t[1]] || !seen[t[2]]) continue;
-    if (outside && !front[i]) continue;
+    Vtx3 a = v[t[0]], b = v[t[1]], c = v[t[2]];
+    if (!keep(a, b, c, lit, 1) || !g.raster || (outside && !front[i])) continue;
     const SP corners[3] = {s[t[0]], s[t[1]], s[t[2]]};
+    if (std::isnan(corners[0].q + corners[1].q + corners[2].q)) continue;
     raster(a, b, c, corners, lit);
   }
 }

@@ -45,10 +45,21 @@ void end();
 // A triangle in box coordinates with a normal and colour per corner; lit: shaded by the
 // lights (or the soft light from the eye while lighting is off).
 void triangle(const Vtx3 &a, const Vtx3 &b, const Vtx3 &c, bool lit = true, float alpha = 1);
+// The corners of a mesh: box points, normals, and colours (one for all when c holds one).
+struct Corners {
+  const std::vector<V3> &p, &n;
+  const std::vector<Rgb> &c;
+  Vtx3 operator[](size_t i) const {
+    Vtx3 v;
+    v.p[0] = p[i].x, v.p[1] = p[i].y, v.p[2] = p[i].z;
+    v.n[0] = n[i].x, v.n[1] = n[i].y, v.n[2] = n[i].z;
+    v.c = c[c.size() > 1 ? i : 0];
+    return v;
+  }
+};
 // Triangles over shared corners (indices into v), each corner projected once; closed: they
 // enclose a solid and their normals point out of it.
-void mesh(const std::vector<Vtx3> &v, const std::vector<std::array<int, 3>> &tris, bool lit = true,
-          bool closed = false);
+void mesh(const Corners &v, const std::vector<std::array<int, 3>> &tris, bool lit = true, bool closed = false);
 // 2-D items already mapped through the plane with box corners corner[0..3] (GRFFIN): shown
 // where nothing nearer is.
 void card(const V3 corner[4], std::vector<Item> items);

@@ -92,13 +92,14 @@ Frame along(V3 a, V3 b) {
 // encloses a solid on its own.
 void grid_mesh(const Frame &fr, int nu, int nv, const std::function<void(double, double, V3 &, V3 &)> &f, Rgb c,
                bool closed = false) {
-  std::vector<Vtx3> pts;
-  pts.reserve(size_t(nu + 1) * (nv + 1));
+  std::vector<V3> pts, nrm;
+  pts.reserve(size_t(nu + 1) * (nv + 1)), nrm.reserve(pts.capacity());
   for (int j = 0; j <= nv; ++j)
     for (int i = 0; i <= nu; ++i) {
       V3 p, n;
       f(double(i) / nu, double(j) / nv, p, n);
-      pts.push_back(fr.vertex(p, n, c));
+      Vtx3 x = fr.vertex(p, n, c);
+      pts.push_back({x.p[0], x.p[1], x.p[2]}), nrm.push_back({x.n[0], x.n[1], x.n[2]});
     }
   auto at = [&](int i, int j) { return j * (nu + 1) + i; };
   std::vector<std::array<int, 3>> tris;
@@ -108,7 +109,7 @@ void grid_mesh(const Frame &fr, int nu, int nv, const std::function<void(double,
       tris.push_back({at(i, j), at(i + 1, j), at(i + 1, j + 1)});
       tris.push_back({at(i, j), at(i + 1, j + 1), at(i, j + 1)});
     }
-  s3::mesh(pts, tris, true, closed);
+  s3::mesh({pts, nrm, {c}}, tris, true, closed);
 }
 
 // A flat polygon (convex) in the frame, one normal.

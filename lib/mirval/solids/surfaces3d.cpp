@@ -68,8 +68,6 @@ void grid_mesh(const std::vector<V3> &p, int nu, int nv, const std::vector<Rgb> 
       nrm[at(i, j)] = unit(cross(du, dv));
     }
   if (fill) {
-    std::vector<Vtx3> v(p.size());
-    for (size_t k = 0; k < p.size(); ++k) v[k] = vertex(p[k], nrm[k], colours[std::min(k, colours.size() - 1)]);
     std::vector<std::array<int, 3>> tris;
     tris.reserve(size_t(nu) * nv * 2);
     auto add = [&](size_t a, size_t b, size_t c) {
@@ -85,7 +83,7 @@ void grid_mesh(const std::vector<V3> &p, int nu, int nv, const std::vector<Rgb> 
         add(k00, k10, k11);
         add(k00, k11, k01);
       }
-    mesh(v, tris, lit);
+    mesh({p, nrm, colours}, tris, lit);
   }
   Rgb m = mesh_rgb();
   double w = mirval_state().pen.width;
