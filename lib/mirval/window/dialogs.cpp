@@ -26,7 +26,7 @@ bool can_show(const char *routine) {
 
 GtkWindow *parent() { return wrt().top ? GTK_WINDOW(wrt().top) : nullptr; }
 
-// Runs a dialog and answers its response. What the script printed so far is shown first: it is
+// Runs a dialog and returns its response. What the script printed so far is shown first: it is
 // often the question's context.
 int run(GtkWidget *d) {
   gtk_container_set_border_width(GTK_CONTAINER(d), 6);
@@ -63,7 +63,7 @@ void message(const char *routine, const char *c, const char *title) {
   finish(d);
 }
 
-// A dialog with Cancel and OK, titled and headed by `clab` when given; answers its content area.
+// A dialog with Cancel and OK, titled and headed by `clab` when given; returns its content area.
 GtkWidget *ask(const char *clab, const char *fallback, GtkWidget *&d) {
   d = gtk_dialog_new_with_buttons(clab && *clab ? clab : fallback, parent(), GTK_DIALOG_MODAL, "Cancel",
                                   GTK_RESPONSE_CANCEL, "OK", GTK_RESPONSE_OK, nullptr);
