@@ -26,8 +26,7 @@ build-asan: deps $(ASAN_BUILD)/build.ninja
 
 test: build build-asan
 	cd $(BUILD) && ctest --output-on-failure -j $(JOBS)
-	# GTK keeps memory for the life of the process, so the screen-window tests run in the normal build only
-	cd $(ASAN_BUILD) && ASAN_OPTIONS=detect_leaks=1 ctest --output-on-failure -j $(JOBS) -E '^window/'
+	cd $(ASAN_BUILD) && ASAN_OPTIONS=detect_leaks=1 ctest --output-on-failure -j $(JOBS)
 
 demo: build
 	cd examples && ../$(BUILD)/mirzkl demo.zkl
