@@ -119,6 +119,7 @@ void grffin(void) {
     mv_warn("grffin", "no plane is open (GRFINI)");
     return;
   }
+  if (!mv_level("grffin", 1, 2)) return;
   s.plane_on = false;
   st.level = 3;
   Rect &r = st.axes.box;
