@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Times the 3-D benchmarks (not part of `make test`): SURSHD 1000 x 1000 lit beside gnuplot's
 # pm3d surface with hidden3d on the same data, an iso-surface of 128^3, 1000 spheres.
-# Usage: bench/solids/run.sh BUILD_DIR   (needs hyperfine and gnuplot-nox)
+# Usage: bench/solids/run.sh BUILD_DIR   (needs hyperfine; gnuplot-nox for the comparison, left
+# out when it is missing)
 set -eu
 build=$(cd "$1" && pwd)
 here=$(cd "$(dirname "$0")" && pwd)
@@ -20,4 +21,6 @@ set pm3d depthorder
 set hidden3d
 splot 'data.txt' with pm3d notitle
 GP
-hyperfine -w 1 -r 3 -N ./surshd_lit "gnuplot pm3d.gp" ./iso128 ./spheres
+others=()
+command -v gnuplot > /dev/null && others=("gnuplot pm3d.gp")
+hyperfine -w 1 -r 3 -N ./surshd_lit "${others[@]}" ./iso128 ./spheres
