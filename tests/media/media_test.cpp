@@ -472,6 +472,98 @@ TEST_F(Media, FormatSettingsAreKept) {
   EXPECT_EQ(media_format_setting("CGM", "VERSION"), "");
 }
 
+// The colour type of a PNG file: 2 RGB, 6 RGB with opacity.
+int png_colour_type(const std::string &name) {
+  std::string s = read_file(name);
+  return s.size() > 25 ? s[25] : -1;
+}
+
+TEST_F(Media, PngModesTakeEffect) {
+  open_page();
+  recfll(100, 100, 800, 600, 50);  // pixels 40..360 x 40..280
+  mirfin();
+  EXPECT_EQ(png_colour_type("page.png"), 2);
+  pngmod("ON", "TRANSPARENT");
+  setfil("clear.png");
+  mirini();
+  recfll(100, 100, 800, 600, 50);
+  mirfin();
+  EXPECT_EQ(png_colour_type("clear.png"), 6);
+  RasterImage img;
+  std::string err;
+  ASSERT_TRUE(read_image("clear.png", img, err)) << err;
+  EXPECT_EQ(img.argb[0], 0u);                        // the background: transparent
+  EXPECT_EQ(img.argb[200 * img.w + 200] >> 24, 255u);  // the rectangle: opaque
+  reset("PNGMOD");
+  pngmod("ON", "ALPHA");
+  setfil("alpha.png");
+  mirini();
+  recfll(100, 100, 800, 600, 50);
+  mirfin();
+  EXPECT_EQ(png_colour_type("alpha.png"), 6);
+  ASSERT_TRUE(read_image("alpha.png", img, err)) << err;
+  EXPECT_EQ(img.argb[0], 0xFFFFFFFFu);  // opaque white
+}
+
+TEST_F(Media, GifModesTakeEffectAndReadBack) {
+  metafl("GIF");
+  setfil("page.gif");
+  mirini();
+  recfll(100, 100, 800, 600, 50);
+  mirfin();
+  RasterImage plain, fancy;
+  std::string err;
+  ASSERT_TRUE(read_image("page.gif", plain, err)) << err;
+  gifmod("ON", "TRANSPARENT");
+  gifmod("ON", "INTERLACE");
+  setfil("fancy.gif");
+  mirini();
+  recfll(100, 100, 800, 600, 50);
+  mirfin();
+  std::string gif = read_file("fancy.gif");
+  EXPECT_NE(gif.find("\x21\xF9\x04\x01"), std::string::npos);  // a transparent colour
+  ASSERT_TRUE(read_image("fancy.gif", fancy, err)) << err;
+  ASSERT_EQ(fancy.argb.size(), plain.argb.size());
+  EXPECT_EQ(fancy.argb[0], 0u);  // the background: transparent
+  size_t differ = 0;
+  for (size_t i = 0; i < plain.argb.size(); ++i)
+    differ += plain.argb[i] != 0xFFFFFFFFu && fancy.argb[i] != plain.argb[i];
+  EXPECT_EQ(differ, 0u);  // interlaced rows come back in their places
+}
+
+TEST_F(Media, PostScriptModesTakeEffect) {
+  metafl("PS");
+  setfil("page.ps");
+  mirini();
+  mirfin();
+  std::string plain = read_file("page.ps");
+  EXPECT_NE(plain.find("%%DocumentMedia: 297x210mm 842 595"), std::string::npos);
+  psmode("PORTRAIT");
+  psmode("LEVEL2");
+  psmeta("Media test", "TITLE");
+  setfil("turned.ps");
+  mirini();
+  mirfin();
+  std::string turned = read_file("turned.ps");
+  EXPECT_NE(turned.find("%%DocumentMedia: A4 595 842"), std::string::npos);  // an upright sheet
+  EXPECT_NE(turned.find("%%Title: Media test"), std::string::npos);
+  EXPECT_EQ(media_format_setting("PS", "ORIENTATION"), "PORTRAIT");
+  EXPECT_EQ(media_format_setting("PS", "LEVEL"), "LEVEL2");
+}
+
+TEST_F(Media, FormatsNotWrittenSayPngIsWrittenInstead) {
+  cgmver(3);
+  testing::internal::CaptureStderr();
+  metafl("CGM");
+  std::string said = testing::internal::GetCapturedStderr();
+  EXPECT_EQ(said, "mirval: warning: metafl: CGM files are not written by this library: PNG is written instead\n");
+  setfil("page.png");
+  mirini();
+  mirfin();
+  EXPECT_EQ(png_colour_type("page.png"), 2);
+  EXPECT_EQ(media_format_setting("CGM", "VERSION"), "3");  // kept, and read back
+}
+
 TEST_F(Media, LzwTiffIsReadBack) {
   tifmod(0, "LZW", "COMPRESSION");
   open_page();

@@ -6,7 +6,15 @@
 #include "core/state.h"
 #include "core/trace.h"
 #include "draw/draw.h"
+#include "media/image_io.h"
+#include "media/media.h"
 #include "mirval.h"
+#include "output/device.h"
+
+#include <cairo-ps.h>
+#include <png.h>
+
+#include <cstring>
 
 #include <cmath>
 #include <cstdlib>
@@ -58,8 +66,8 @@ void media_reset_formats(MirvalState &st) {
 
 extern "C" {
 
-// PNGMOD('ON', 'TRANSPARENT'): the background of PNG files is transparent.
-// PNGMOD('ON', 'ALPHA'): kept for compatibility; PNG files always hold 8-bit channels.
+// PNGMOD('ON', 'TRANSPARENT'): pixels of the background colour are transparent in PNG files.
+// PNGMOD('ON', 'ALPHA'): PNG files hold an opacity channel (RGBA) even when all is opaque.
 void pngmod(const char *c1, const char *c2) {
   mv_tracef("pngmod(%s, %s)", mv_tstr(c1).c_str(), mv_tstr(c2).c_str());
   keyed("pngmod", "PNG", c1, c2, {"TRANSPARENT", "ALPHA"}, {"TRANSPARENT", "ALPHA"});
@@ -125,13 +133,19 @@ void pdfmrk(const char *c1, const char *c2) {
   ++st.scene.changes;  // the file must be written again to hold it
 }
 
+// PSMODE: the PostScript level, the sheet's orientation, colour or grey; each kept apart.
 void psmode(const char *c) {
   mv_tracef("psmode(%s)", mv_tstr(c).c_str());
-  if (!one_of(c, {"LEVEL2", "LEVEL3", "PORTRAIT", "LANDSCAPE", "COLOR", "GREY"})) {
-    mv_warn("psmode", "unknown mode %s (LEVEL2, LEVEL3, PORTRAIT, LANDSCAPE, COLOR or GREY)", mv_tstr(c).c_str());
-    return;
-  }
-  keep("PS", "MODE", upper(c));
+  static const struct {
+    const char *word, *key;
+  } modes[] = {{"LEVEL2", "LEVEL"},          {"LEVEL3", "LEVEL"}, {"PORTRAIT", "ORIENTATION"},
+               {"LANDSCAPE", "ORIENTATION"}, {"COLOR", "COLOUR"}, {"GREY", "COLOUR"}};
+  for (const auto &m : modes)
+    if (same(c, m.word)) {
+      keep("PS", m.key, m.word);
+      return;
+    }
+  mv_warn("psmode", "unknown mode %s (LEVEL2, LEVEL3, PORTRAIT, LANDSCAPE, COLOR or GREY)", mv_tstr(c).c_str());
 }
 
 void psmeta(const char *c1, const char *c2) {
@@ -257,4 +271,83 @@ std::string media_format_setting(const char *format, const char *key) {
   const auto &f = mirval_state().media.formats;
   auto it = f.find(std::string(format) + "." + key);
   return it == f.end() ? std::string() : it->second;
+}
+
+namespace {
+
+// PNG bytes with an opacity channel, also when every pixel is opaque (Cairo would leave it
+// out then).
+std::string png_rgba(RasterImage &img) {
+  for (uint32_t &p : img.argb) {  // straight colours, as PNG keeps them
+    unsigned r, g, b, a;
+    rgba_of(p, r, g, b, a);
+    p = (a << 24) | (r << 16) | (g << 8) | b;
+  }
+  png_image pi;
+  std::memset(&pi, 0, sizeof pi);
+  pi.version = PNG_IMAGE_VERSION;
+  pi.width = img.w;
+  pi.height = img.h;
+  pi.format = PNG_FORMAT_BGRA;  // little-endian ARGB words
+  png_alloc_size_t size = 0;
+  if (!png_image_write_get_memory_size(pi, size, 0, img.argb.data(), 0, nullptr)) return std::string();
+  std::string out(size, '\0');
+  if (!png_image_write_to_memory(&pi, &out[0], &size, 0, img.argb.data(), 0, nullptr)) return std::string();
+  out.resize(size);
+  return out;
+}
+
+}  // namespace
+
+std::string png_file(cairo_surface_t *page) {
+  bool transparent = media_format_setting("PNG", "TRANSPARENT") == "ON";
+  RasterImage img = image_of_surface(page);
+  if (transparent) {
+    Rgb b = back_rgb();
+    uint32_t bg = 0xFF000000u | (uint32_t(std::lround(b.r * 255)) << 16) | (uint32_t(std::lround(b.g * 255)) << 8) |
+                  uint32_t(std::lround(b.b * 255));
+    for (uint32_t &p : img.argb)
+      if (p == bg) p = 0;
+  }
+  if (transparent || media_format_setting("PNG", "ALPHA") == "ON") return png_rgba(img);
+  // without an opacity channel: Cairo writes an opaque surface as RGB
+  std::string out;
+  cairo_surface_write_to_png_stream(
+      page,
+      [](void *closure, const unsigned char *data, unsigned int length) {
+        static_cast<std::string *>(closure)->append(reinterpret_cast<const char *>(data), length);
+        return CAIRO_STATUS_SUCCESS;
+      },
+      &out);
+  return out;
+}
+
+GifOptions gif_options() {
+  GifOptions opt;
+  opt.interlace = media_format_setting("GIF", "INTERLACE") == "ON";
+  if (media_format_setting("GIF", "TRANSPARENT") == "ON") {
+    Rgb b = back_rgb();
+    opt.transparent = (long(std::lround(b.r * 255)) << 16) | (long(std::lround(b.g * 255)) << 8) | std::lround(b.b * 255);
+  }
+  return opt;
+}
+
+void ps_options(cairo_surface_t *surface) {
+  std::string level = media_format_setting("PS", "LEVEL");
+  if (!level.empty())
+    cairo_ps_surface_restrict_to_level(surface, level == "LEVEL2" ? CAIRO_PS_LEVEL_2 : CAIRO_PS_LEVEL_3);
+  // Cairo writes its own %%Creator line: PSMETA's CREATOR is only kept
+  for (const char *key : {"TITLE", "FOR"}) {
+    std::string value = media_format_setting("PS", key);
+    if (value.empty()) continue;
+    std::string line = std::string("%%") + (key[0] == 'T' ? "Title: " : "For: ") + value;
+    for (char &ch : line)
+      if (ch == '\n' || ch == '\r') ch = ' ';
+    cairo_ps_surface_dsc_comment(surface, line.c_str());
+  }
+}
+
+bool ps_turned(double w, double h) {
+  std::string o = media_format_setting("PS", "ORIENTATION");
+  return (o == "PORTRAIT" && w > h) || (o == "LANDSCAPE" && h > w);
 }

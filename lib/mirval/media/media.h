@@ -3,6 +3,7 @@
 #pragma once
 #include "core/state.h"
 #include "draw/scene.h"
+#include "output/raster_formats.h"
 
 #include <cairo.h>
 
@@ -32,3 +33,10 @@ bool has_file(const char *routine, const char *name);
 void pdf_extras(cairo_surface_t *surface);
 // The outline entries as they stand: is there anything to add.
 bool pdf_has_extras();
+// What PNGMOD, GIFMOD, PSMODE and PSMETA ask of the files this library writes.
+std::string png_file(cairo_surface_t *page);
+GifOptions gif_options();
+// PostScript level and header comments, set on a new PS or EPS surface.
+void ps_options(cairo_surface_t *surface);
+// PSMODE('PORTRAIT') or ('LANDSCAPE'): whether a page of w x h goes onto the sheet turned.
+bool ps_turned(double w, double h);

@@ -152,6 +152,8 @@ std::string render_vector(Format f, int &w, int &h, bool stand_ins = true) {
   double pw = st.page.width * points_per_unit, ph = st.page.height * points_per_unit;
   w = static_cast<int>(std::lround(pw));
   h = static_cast<int>(std::lround(ph));
+  bool turn = (f == Format::PS || f == Format::EPS) && ps_turned(pw, ph);  // PSMODE's sheet
+  if (turn) std::swap(w, h);
   std::string out;
   cairo_surface_t *s;
   if (f == Format::PDF) {
@@ -162,8 +164,9 @@ std::string render_vector(Format f, int &w, int &h, bool stand_ins = true) {
   } else if (f == Format::SVG) {
     s = cairo_svg_surface_create_for_stream(append, &out, pw, ph);
   } else {
-    s = cairo_ps_surface_create_for_stream(append, &out, pw, ph);
+    s = cairo_ps_surface_create_for_stream(append, &out, turn ? ph : pw, turn ? pw : ph);
     if (f == Format::EPS) cairo_ps_surface_set_eps(s, 1);
+    ps_options(s);  // PSMODE's level, PSMETA's comments
   }
   cairo_t *cr = cairo_create(s);
   View v = page_view(points_per_unit, 0, 0, 0);
@@ -173,7 +176,13 @@ std::string render_vector(Format f, int &w, int &h, bool stand_ins = true) {
   bool all = f == Format::PDF || f == Format::PS;
   size_t first = all ? 0 : st.scene.pages.size() - 1;
   for (size_t i = first; i < st.scene.pages.size(); ++i) {
+    cairo_save(cr);
+    if (turn) {
+      cairo_translate(cr, ph, 0);
+      cairo_rotate(cr, M_PI / 2);
+    }
     render_page(cr, st.scene.pages[i], v);
+    cairo_restore(cr);
     cairo_show_page(cr);
   }
   cairo_destroy(cr);
@@ -198,7 +207,7 @@ std::string render_raster(Format f, int &w, int &h) {
   cairo_surface_flush(s);
   std::string out;
   if (f == Format::PNG) {
-    cairo_surface_write_to_png_stream(s, append, &out);
+    out = png_file(s);  // PNGMOD's transparency and opacity channel
   } else {
     Pixels px;
     px.w = w;
@@ -218,7 +227,7 @@ std::string render_raster(Format f, int &w, int &h) {
     out = f == Format::PPM ? encode_ppm(px)
           : f == Format::BMP ? encode_bmp(px)
           : f == Format::TIFF ? encode_tiff(px)
-                              : encode_gif(px);
+                              : encode_gif(px, gif_options());
   }
   cairo_surface_destroy(s);
   return out;

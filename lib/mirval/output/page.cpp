@@ -49,7 +49,11 @@ void metafl(const char *cfmt) {
   if (!mv_level("metafl", 0, 0)) return;
   PageState &pg = mirval_state().page;
   if (!cfmt || !parse_format(cfmt, pg.format, pg.screen)) {
-    mv_warn("metafl", "unknown format %s: PNG is used", mv_tstr(cfmt).c_str());
+    // formats whose settings routines exist (CGMVER, WMFMOD, HPGMOD) but that are not written
+    if (keyword_index(cfmt, {"CGM", "WMF", "HPGL"}) >= 0)
+      mv_warn("metafl", "%s files are not written by this library: PNG is written instead", upper(cfmt).c_str());
+    else
+      mv_warn("metafl", "unknown format %s: PNG is used", mv_tstr(cfmt).c_str());
     pg.format = Format::PNG;
     pg.screen = false;
   }

@@ -178,7 +178,7 @@ std::vector<uint8_t> lzw_encode(const std::vector<uint8_t> &symbols) {
   return out;
 }
 
-std::string encode_gif(const Pixels &px) {
+std::string encode_gif(const Pixels &px, const GifOptions &opt) {
   Indexed ix = quantise(px);
   std::string s = "GIF89a";
   put16(s, px.w);
@@ -187,13 +187,30 @@ std::string encode_gif(const Pixels &px) {
   s += '\0';
   s += '\0';
   s.append(ix.palette.begin(), ix.palette.end());
+  for (int k = 0; k < 256 && opt.transparent >= 0; ++k)
+    if (rgb_key(&ix.palette[3 * k]) == uint32_t(opt.transparent)) {  // a graphic control block
+      s += "\x21\xF9\x04\x01";
+      put16(s, 0);
+      s += static_cast<char>(k);
+      s += '\0';
+      break;
+    }
   s += ',';
   put16(s, 0);
   put16(s, 0);
   put16(s, px.w);
   put16(s, px.h);
-  s += '\0';
+  s += opt.interlace ? '\x40' : '\0';
   s += static_cast<char>(8);
+  if (opt.interlace) {  // rows 0, 8, 16 ..., then 4, 12 ..., then 2, 6 ..., then the odd ones
+    std::vector<uint8_t> rows;
+    rows.reserve(ix.index.size());
+    const int start[4] = {0, 4, 2, 1}, step[4] = {8, 8, 4, 2};
+    for (int pass = 0; pass < 4; ++pass)
+      for (int y = start[pass]; y < px.h; y += step[pass])
+        rows.insert(rows.end(), ix.index.begin() + size_t(y) * px.w, ix.index.begin() + size_t(y + 1) * px.w);
+    ix.index.swap(rows);
+  }
   std::vector<uint8_t> data = lzw_encode(ix.index);
   for (size_t i = 0; i < data.size(); i += 255) {
     size_t len = std::min<size_t>(255, data.size() - i);

@@ -13,7 +13,12 @@ struct Pixels {
 std::string encode_ppm(const Pixels &px);
 std::string encode_bmp(const Pixels &px);
 std::string encode_tiff(const Pixels &px);
-std::string encode_gif(const Pixels &px);
+// GIFMOD's options: the colour (0xRRGGBB) that is transparent, or -1; rows interlaced.
+struct GifOptions {
+  long transparent = -1;
+  bool interlace = false;
+};
+std::string encode_gif(const Pixels &px, const GifOptions &opt = GifOptions());
 
 // GIF's 256-colour reduction: the exact colours when there are at most 256 of them,
 // otherwise a 6x6x6 colour cube and 40 greys. Returns the palette and one index per pixel.
