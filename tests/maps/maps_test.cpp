@@ -3,6 +3,8 @@
 #include "library_test.h"
 #include "axes/scaling.h"
 #include "core/state.h"
+#include "draw/colours.h"
+#include "grids/colour_matrix.h"
 #include "maps/geometry.h"
 #include "maps/maps.h"
 #include "maps/projection.h"
@@ -415,4 +417,125 @@ TEST_F(MapTest, ResetRestoresTheMapSettings) {
   EXPECT_EQ(mirval_state().map.proj, "CYLI");
   EXPECT_EQ(mirval_state().map.radius, 6371000);
   EXPECT_FALSE(mirval_state().map.rivers);
+}
+
+namespace {
+
+// The filled cells of the page, in drawing order.
+std::vector<const Item *> cells() {
+  std::vector<const Item *> out;
+  for (const Item &it : mirval_state().scene.current().items)
+    if (it.kind == ItemKind::Cell) out.push_back(&it);
+  return out;
+}
+
+bool same_colour(Rgb a, Rgb b) { return a.r == b.r && a.g == b.g && a.b == b.b; }
+
+bool has_point(const Path &p, Pt q) {
+  for (Pt a : p.pts)
+    if (std::hypot(a.x - q.x, a.y - q.y) < 0.01) return true;
+  return false;
+}
+
+// A 3 x 3 matrix z = i + 2j spread over the map: its four cells have the values 1.5, 2.5,
+// 3.5 and 4.5 at their centres, each its own colour on the Z range 1..5.
+void four_cells() {
+  float z[9];
+  for (int i = 0; i < 3; ++i)
+    for (int j = 0; j < 3; ++j) z[i * 3 + j] = float(i + 2 * j);
+  zscale(1, 5);
+  crvmat(z, 3, 3, 1, 1);
+}
+
+}  // namespace
+
+TEST_F(MapTest, ColourMatrixCellsAreTheProjectedOutlinesOfTheirCorners) {
+  open_page();
+  projct("ROBI");
+  grafmp(-180, 180, -180, 60, -90, 90, -90, 30);
+  four_cells();
+  std::vector<const Item *> got = cells();
+  ASSERT_EQ(got.size(), 4u);
+  for (int r = 0; r < 2; ++r)
+    for (int c = 0; c < 2; ++c) {
+      const Item &it = *got[r * 2 + c];
+      EXPECT_TRUE(same_colour(it.rgb, table_rgb(z_colour(c + 2 * r + 1.5)))) << c << " " << r;
+      double lon = -180 + 180 * c, lat = -90 + 90 * r;
+      // the corners, and points along the curved meridians and the parallels between them
+      for (LL p : {LL{lon, lat}, LL{lon + 180, lat}, LL{lon, lat + 90}, LL{lon + 180, lat + 90},
+                   LL{lon, lat + 45}, LL{lon + 90, lat}})
+        EXPECT_TRUE(has_point(it.path, page_point(p.lon, p.lat))) << c << " " << r << ": " << p.lon << " " << p.lat;
+    }
+  mirfin();
+}
+
+TEST_F(MapTest, ColourMatrixCellAcrossTheDatelineStaysInOnePiece) {
+  open_page();
+  projct("ROBI");
+  grafmp(-170, 190, -170, 60, -90, 90, -90, 30);
+  // 20-degree columns from -170: the last cell, 170..190, straddles 180 and has its own value
+  const int nx = 19, ny = 3;
+  float z[nx * ny];
+  for (int i = 0; i < nx; ++i)
+    for (int j = 0; j < ny; ++j) z[i * ny + j] = i >= 17 ? 4.f : 1.f;
+  zscale(0, 5);
+  crvmat(z, nx, ny, 1, 1);
+  Rgb last = table_rgb(z_colour(4));
+  double centre = page_point(10, 0).x;
+  int found = 0;
+  for (const Item *it : cells()) {
+    if (!same_colour(it->rgb, last)) continue;
+    ++found;
+    EXPECT_TRUE(has_point(it->path, page_point(190, 0)));
+    for (Pt p : it->path.pts) EXPECT_GT(p.x, centre) << "a streak to the west";
+  }
+  EXPECT_EQ(found, 2);  // one cell in each of the two rows
+  mirfin();
+}
+
+TEST_F(MapTest, ColourMatrixOnAGlobeKeepsToTheNearSide) {
+  open_page();
+  projct("ORTH");
+  mappol(0, 0);
+  grafmp(-180, 180, -180, 30, -90, 90, -90, 30);
+  four_cells();
+  Pt c = page_point(0, 0), east = page_point(90, 0);
+  double radius = east.x - c.x;
+  ASSERT_GT(radius, 100);
+  std::vector<const Item *> got = cells();
+  EXPECT_EQ(got.size(), 4u);  // the four cells meet at the centre of the disc
+  for (const Item *it : got)
+    for (Pt p : it->path.pts) EXPECT_LT(std::hypot(p.x - c.x, p.y - c.y), radius + 1);
+  mirfin();
+}
+
+TEST_F(MapTest, ColourMatrixNeedsAZRangeOnAMap) {
+  open_page();
+  projct("ROBI");
+  grafmp(-180, 180, -180, 60, -90, 90, -90, 30);
+  float z[4] = {1, 2, 3, 4};
+  crvmat(z, 2, 2, 1, 1);  // no ZSCALE yet: a warning
+  EXPECT_TRUE(cells().empty());
+  zscale(1, 4);
+  crvmat(z, 2, 2, 1, 1);
+  EXPECT_FALSE(cells().empty());
+  mirfin();
+}
+
+TEST_F(MapTest, ErrorBarsRunAlongTheMeridian) {
+  open_page();
+  projct("ROBI");
+  grafmp(-180, 180, -180, 60, -90, 90, -90, 30);
+  float x[1] = {150}, y[1] = {60}, e1[1] = {5}, e2[1] = {10};
+  size_t before = mirval_state().scene.current().items.size();
+  errbar(x, y, e1, e2, 1);
+  Pt lo = page_point(150, 55), hi = page_point(150, 70);
+  const std::vector<Item> &items = mirval_state().scene.current().items;
+  bool bar = false;
+  for (size_t i = before; i < items.size(); ++i)
+    bar |= items[i].kind == ItemKind::Stroke && has_point(items[i].path, lo) && has_point(items[i].path, hi);
+  EXPECT_TRUE(bar);
+  // far from the central meridian the projected bar is well away from the plain scaling's
+  EXPECT_GT(std::fabs(lo.x - page_x(150)), 50);
+  mirfin();
 }

@@ -333,6 +333,9 @@ std::shared_ptr<MapProjection> make_projection(const std::string &key, double lo
         if (user && i != 0 && i != ni && j != 0 && j != nj && (i % 6 || j % 6)) continue;
         take({r.lon_a + (r.lon_e - r.lon_a) * i / ni, r.lat_a + (r.lat_e - r.lat_a) * j / nj});
       }
+    // the equator too: pseudo-cylindrical maps are widest there, and the grid may miss it
+    if (r.lat_a < 0 && r.lat_e > 0)
+      for (int i = 0; i <= ni; ++i) take({r.lon_a + (r.lon_e - r.lon_a) * i / ni, 0});
   }
   if (!(x1 > x0) || !(y1 > y0)) {
     err = "the range has no extent in this projection";
