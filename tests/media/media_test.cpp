@@ -11,6 +11,7 @@
 
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <string>
@@ -454,6 +455,29 @@ TEST_F(Media, FitsKeywordsAndImage) {
   fitscls();
   EXPECT_EQ(fitsval("NAXIS1"), 0);  // closed: warned
   EXPECT_EQ(fitsopn("missing.fits"), -1);
+}
+
+// Files written by cfitsio's own programs: a tile-compressed copy (imcopy) and an image
+// section (fitscopy), read back through FITSOPN, FITSHDU and FITSIMG.
+TEST_F(Media, FitsFilesOfCfitsioToolsAreRead) {
+  make_fits("img.fits");
+  ASSERT_EQ(std::system("imcopy img.fits 'packed.fits[compress]' > /dev/null 2>&1"), 0);
+  ASSERT_EQ(std::system("fitscopy 'img.fits[2:4,3:4]' part.fits > /dev/null 2>&1"), 0);
+  ASSERT_EQ(fitsopn("packed.fits"), 0);
+  EXPECT_EQ(fitshdu(2), 0);  // the first extension: an image, which cfitsio uncompresses
+  float img[24] = {};
+  EXPECT_EQ(fitsimg(img, 24), 24);
+  for (int k = 0; k < 24; ++k) EXPECT_FLOAT_EQ(img[k], k * 0.5f) << k;
+  fitscls();
+  ASSERT_EQ(fitsopn("part.fits"), 0);
+  EXPECT_EQ(fitsval("NAXIS1"), 3);
+  EXPECT_EQ(fitsval("NAXIS2"), 2);
+  EXPECT_STREQ(fitsstr("OBJECT"), "M31");
+  float part[6] = {};
+  EXPECT_EQ(fitsimg(part, 6), 6);
+  const float want[6] = {6.5f, 7, 7.5f, 9.5f, 10, 10.5f};  // columns 2..4 of rows 3 and 4
+  for (int k = 0; k < 6; ++k) EXPECT_FLOAT_EQ(part[k], want[k]) << k;
+  fitscls();
 }
 
 TEST_F(Media, FormatSettingsAreKept) {
