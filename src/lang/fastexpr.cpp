@@ -32,9 +32,8 @@ NameSlot make_slot(const char *name) {
 }
 
 int slot_var(NameSlot &s) {
-  if (s.level == g_nlevel && s.rec >= 0 && (s.gen == g_vargen || kept_since(s.gen, s.rec))) {
+  if (s.gen == g_vargen && s.level == g_nlevel && s.rec >= 0) {
     const VarRecord &r = varlist[s.rec];
-    s.gen = g_vargen;
     if (r.type != T_FREE && (r.level == g_nlevel || r.name[0] == '%') &&
         same_name(r.name, s.name) &&
         (r.type == T_REF ? r.value.ref == s.index : s.rec == s.index))

@@ -9,8 +9,9 @@
 
 #include <vector>
 
-// A name of compiled code and the record it found. The record is taken again while it still
-// answers to the name at the same level and no record before it was taken or named since.
+// A name of compiled code and the record it found. The record is taken again while nothing
+// was added to or renamed in the variable table, the level is the same and the record still
+// answers to the name.
 struct NameSlot {
   char name[NAMELEN + 1];
   int rec, index, level;

@@ -40,21 +40,8 @@ void release_storage(VarRecord *rec) {
   }
 }
 
-// The last records taken or named, by the count of changes.
-constexpr unsigned TOUCHES = 64;
-static int touched[TOUCHES];
-
-static void touch(int index) { touched[++g_vargen % TOUCHES] = index; }
-
-bool kept_since(unsigned gen, int rec) {
-  if (g_vargen - gen >= TOUCHES) return false;
-  for (unsigned g = gen + 1; g - 1 != g_vargen; ++g)
-    if (touched[g % TOUCHES] < rec) return false;
-  return true;
-}
-
 void set_name(VarRecord *rec, const char *name) {
-  if (rec >= varlist && rec < varlist + MAXVAR) touch(static_cast<int>(rec - varlist));
+  ++g_vargen;
   std::memset(rec->name, 0, sizeof rec->name);  // zero-filled: names compare as two words
   qqscpy(rec->name, name, NAMELEN);
 }
@@ -101,10 +88,10 @@ int search_var(const char *name) {
 }
 
 int find_freevar() {
+  ++g_vargen;
   for (int i = 0; i < MAXVAR; ++i) {
     if (varlist[i].type != T_FREE) continue;
     if (i >= g_varhigh) g_varhigh = i + 1;
-    touch(i);
     return i;
   }
   error("Maximal number of variables is reached");
@@ -135,6 +122,7 @@ int insert_var(VarRecord *rec, int index) {
 }
 
 int free_var(int index) {
+  ++g_vargen;
   release_storage(&varlist[index]);
   varlist[index].type = T_FREE;
   return 0;

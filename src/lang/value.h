@@ -63,12 +63,10 @@ int search_var(const char *name);
 int search_rec(const char *name);
 // search_rec for a name zero-filled to its NAMELEN + 1 bytes.
 int search_filled(const char *name);
-// Records from g_varhigh on have never been taken. g_vargen counts the records taken or named.
+// Records from g_varhigh on have never been taken. g_vargen changes whenever a record is
+// taken, named or freed: until then a name found stays found in the same record.
 extern int g_varhigh;
 extern unsigned g_vargen;
-// A name found in record `rec` when g_vargen was `gen` cannot have been taken by a record before
-// it since (a record freed since is seen by its type): no record below was taken or named.
-bool kept_since(unsigned gen, int rec);
 int find_freevar();
 // A reference to a name that is no variable (what a failed call leaves, after its message):
 // no record may keep one, so it is stored nowhere.
