@@ -502,16 +502,20 @@ int png_colour_type(const std::string &name) {
   return s.size() > 25 ? s[25] : -1;
 }
 
-TEST_F(Media, PngModesTakeEffect) {
-  open_page();
-  recfll(100, 100, 800, 600, 50);  // pixels 40..360 x 40..280
-  mirfin();
-  EXPECT_EQ(png_colour_type("page.png"), 2);
-  pngmod("ON", "TRANSPARENT");
-  setfil("clear.png");
+// One filled rectangle (pixels 40..360 x 40..280) on a page written to a file.
+void rectangle_page(const char *format, const char *file) {
+  metafl(format);
+  setfil(file);
   mirini();
   recfll(100, 100, 800, 600, 50);
   mirfin();
+}
+
+TEST_F(Media, PngModesTakeEffect) {
+  rectangle_page("PNG", "page.png");
+  EXPECT_EQ(png_colour_type("page.png"), 2);
+  pngmod("ON", "TRANSPARENT");
+  rectangle_page("PNG", "clear.png");
   EXPECT_EQ(png_colour_type("clear.png"), 6);
   RasterImage img;
   std::string err;
@@ -520,30 +524,20 @@ TEST_F(Media, PngModesTakeEffect) {
   EXPECT_EQ(img.argb[200 * img.w + 200] >> 24, 255u);  // the rectangle: opaque
   reset("PNGMOD");
   pngmod("ON", "ALPHA");
-  setfil("alpha.png");
-  mirini();
-  recfll(100, 100, 800, 600, 50);
-  mirfin();
+  rectangle_page("PNG", "alpha.png");
   EXPECT_EQ(png_colour_type("alpha.png"), 6);
   ASSERT_TRUE(read_image("alpha.png", img, err)) << err;
   EXPECT_EQ(img.argb[0], 0xFFFFFFFFu);  // opaque white
 }
 
 TEST_F(Media, GifModesTakeEffectAndReadBack) {
-  metafl("GIF");
-  setfil("page.gif");
-  mirini();
-  recfll(100, 100, 800, 600, 50);
-  mirfin();
+  rectangle_page("GIF", "page.gif");
   RasterImage plain, fancy;
   std::string err;
   ASSERT_TRUE(read_image("page.gif", plain, err)) << err;
   gifmod("ON", "TRANSPARENT");
   gifmod("ON", "INTERLACE");
-  setfil("fancy.gif");
-  mirini();
-  recfll(100, 100, 800, 600, 50);
-  mirfin();
+  rectangle_page("GIF", "fancy.gif");
   std::string gif = read_file("fancy.gif");
   EXPECT_NE(gif.find("\x21\xF9\x04\x01"), std::string::npos);  // a transparent colour
   ASSERT_TRUE(read_image("fancy.gif", fancy, err)) << err;
