@@ -13,6 +13,7 @@
 #include <cmath>
 #include <cstdio>
 #include <fstream>
+#include <memory>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -537,5 +538,21 @@ TEST_F(MapTest, ErrorBarsRunAlongTheMeridian) {
   EXPECT_TRUE(bar);
   // far from the central meridian the projected bar is well away from the plain scaling's
   EXPECT_GT(std::fabs(lo.x - page_x(150)), 50);
+  mirfin();
+}
+
+TEST_F(MapTest, OneTransformationServesMapsOfOneSetUp) {
+  open_page();
+  projct("MOLL");
+  grafmp(-180, 180, -180, 60, -90, 90, -90, 30);
+  std::weak_ptr<PJconsts> first = mirval_state().map.active->transform;
+  endgrf();
+  grafmp(-180, 180, -180, 60, -90, 90, -90, 30);
+  EXPECT_EQ(mirval_state().map.active->transform, first.lock());  // the same set-up: not made again
+  endgrf();
+  projct("ROBI");
+  grafmp(-180, 180, -180, 60, -90, 90, -90, 30);
+  EXPECT_NE(mirval_state().map.active->transform, nullptr);
+  EXPECT_TRUE(first.expired());  // the Mollweide one went with its last map
   mirfin();
 }
