@@ -239,11 +239,7 @@ int dathdr() {
 static int header_value(const char *text, StackEntry *e) {
   bool neg = *text == '-', sign = neg || *text == '+';
   if (sign) ++text;
-  const char *saved_clex = clex;
-  int saved_start = istart, saved_old = iold;
-  VarRecord saved_vlex = vlex;
-  char saved_buf[sizeof clexbf];
-  std::memcpy(saved_buf, clexbf, sizeof clexbf);
+  LexState saved = save_lex();
   char c = *text;
   int tok = std::isdigit(static_cast<unsigned char>(c)) || c == '.' || c == '\'' || c == '"'
                 ? (init_lex(text), lexan())
@@ -261,11 +257,7 @@ static int header_value(const char *text, StackEntry *e) {
     std::printf(" >>>> Syntax error in record %d (%s)\n", nrecd, cdatfl);
     status = 1;
   }
-  clex = saved_clex;
-  istart = saved_start;
-  iold = saved_old;
-  vlex = saved_vlex;
-  std::memcpy(clexbf, saved_buf, sizeof clexbf);
+  restore_lex(saved);
   return status;
 }
 

@@ -132,18 +132,6 @@ static Stored *analyse(const char *text) {
   return s;
 }
 
-// What the lexer keeps of a token it delivered.
-static void lexed(const Tok &t) {
-  if (t.tok == TK_ID) std::memcpy(vlex.name, t.name, sizeof vlex.name);
-  if (t.tok == TK_INT || t.tok == TK_FLOAT) {
-    vlex.count = 1;
-    vlex.ndim = 1;
-    vlex.type = t.tok == TK_INT ? T_INT : T_DOUBLE;
-    if (t.tok == TK_INT) vlex.value.i = t.i;
-    else vlex.value.d = t.d;
-  }
-}
-
 // The lexer as exec_stmt leaves it after the first two tokens.
 static void restore_lexer(const Stored &s, const char *text) {
   cpstmt = text;

@@ -49,11 +49,7 @@ int slot_var(NameSlot &s) {
 // ---------------------------------------------------------------- tokens
 
 std::vector<Tok> quiet_tokens(const char *text, int pos, int iold_at, int max) {
-  const char *saved_clex = clex;
-  int saved_istart = istart, saved_iold = iold, saved_ilex = ilex;
-  VarRecord saved_vlex = vlex;
-  char saved_buf[sizeof clexbf];
-  std::memcpy(saved_buf, clexbf, sizeof clexbf);
+  LexState saved = save_lex();
   lex_quiet = true;
   clex = text;
   istart = pos;
@@ -71,13 +67,19 @@ std::vector<Tok> quiet_tokens(const char *text, int pos, int iold_at, int max) {
     if (t.tok == TK_END || t.tok == TK_ERR) break;
   }
   lex_quiet = false;
-  clex = saved_clex;
-  istart = saved_istart;
-  iold = saved_iold;
-  ilex = saved_ilex;
-  vlex = saved_vlex;
-  std::memcpy(clexbf, saved_buf, sizeof clexbf);
+  restore_lex(saved);
   return toks;
+}
+
+void lexed(const Tok &t) {
+  if (t.tok == TK_ID) std::memcpy(vlex.name, t.name, sizeof vlex.name);
+  if (t.tok == TK_INT || t.tok == TK_FLOAT) {
+    vlex.count = 1;
+    vlex.ndim = 1;
+    vlex.type = t.tok == TK_INT ? T_INT : T_DOUBLE;
+    if (t.tok == TK_INT) vlex.value.i = t.i;
+    else vlex.value.d = t.d;
+  }
 }
 
 // ---------------------------------------------------------------- compiling
@@ -373,13 +375,6 @@ StackEntry *parse_compiled() {
   istart = static_cast<int>(s->text + n.end - clex);
   iold = n.iold;
   ilex = n.tok;
-  if (n.tok == TK_ID) std::memcpy(vlex.name, n.name, sizeof vlex.name);
-  if (n.tok == TK_INT || n.tok == TK_FLOAT) {
-    vlex.count = 1;
-    vlex.ndim = 1;
-    vlex.type = n.tok == TK_INT ? T_INT : T_DOUBLE;
-    if (n.tok == TK_INT) vlex.value.i = n.i;
-    else vlex.value.d = n.d;
-  }
+  lexed(n);
   return stacklist;
 }

@@ -39,6 +39,8 @@ struct Tok {
 // Up to `max` tokens of text from `pos` on, the lexer's history being `iold`, without a
 // message; they end early at the end of the text or a faulty token. The lexer is left as it was.
 std::vector<Tok> quiet_tokens(const char *text, int pos, int iold, int max);
+// What the lexer keeps of a token it delivered (vlex).
+void lexed(const Tok &t);
 
 // The values of an expression list as parse(0) reads it from one place of a text, and the
 // token after it, on which the lexer stops.

@@ -38,6 +38,21 @@ static void syntax_error() {
   if (!lex_quiet) error("Syntax error");
 }
 
+LexState save_lex() {
+  LexState s{clex, istart, iold, ilex, vlex, {}};
+  std::memcpy(s.buf, clexbf, sizeof clexbf);
+  return s;
+}
+
+void restore_lex(const LexState &s) {
+  clex = s.clex;
+  istart = s.istart;
+  iold = s.iold;
+  ilex = s.ilex;
+  vlex = s.vlex;
+  std::memcpy(clexbf, s.buf, sizeof clexbf);
+}
+
 // Character classes of the plain ASCII letters and digits (a name is never more).
 static bool is_alpha(int c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 static bool is_digit(int c) { return c >= '0' && c <= '9'; }

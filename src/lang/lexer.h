@@ -36,6 +36,15 @@ extern char clexbf[160];
 extern bool lex_quiet;
 
 void init_lex(const char *text);
+// The lexer's whole state, for reading another text in between.
+struct LexState {
+  const char *clex;
+  int istart, iold, ilex;
+  VarRecord vlex;
+  char buf[sizeof clexbf];
+};
+LexState save_lex();
+void restore_lex(const LexState &state);
 int lexan();
 int lookup();
 int match(int expected);
