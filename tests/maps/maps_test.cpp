@@ -556,3 +556,15 @@ TEST_F(MapTest, OneTransformationServesMapsOfOneSetUp) {
   EXPECT_TRUE(first.expired());  // the Mollweide one went with its last map
   mirfin();
 }
+
+TEST_F(MapTest, ColourMatrixTooFineForAMapIsRefused) {
+  open_page();
+  projct("ROBI");
+  grafmp(-180, 180, -180, 60, -90, 90, -90, 30);
+  zscale(0, 1);
+  // ten million cells, each a whole meridian tall: far too many points to project
+  std::vector<float> z(1000001 * 2, 0.5f);
+  crvmat(z.data(), 1000001, 2, 10, 1);
+  EXPECT_TRUE(cells().empty());
+  mirfin();
+}

@@ -242,7 +242,7 @@ void crvmat(const float *zmat, int nx, int ny, int ixpts, int iypts) {
     return;
   }
   auto colour_at = [&](int c, int r) { return z_colour(cell_value(zmat, nx, ny, (c + 0.5) / ixpts, (r + 0.5) / iypts)); };
-  if (map_cells(static_cast<int>(cols), static_cast<int>(rows), colour_at)) return;
+  if (map_cells("crvmat", static_cast<int>(cols), static_cast<int>(rows), colour_at)) return;
   const Rect &b = mirval_state().axes.box;
   double w = (b.x1 - b.x0) / cols, h = (b.y1 - b.y0) / rows;
   Rect clip = user_clip();

@@ -10,6 +10,7 @@ int map_world_segments();
 std::string map_label(double v, bool lon);
 // CRVMAT on a map: cols x rows cells spread over the map's range, the cell in column c and
 // row r (from the west and the south) filled in table colour colour(c, r) (none below 0),
-// each the projected outline of its corners, cut at the seam and the map's edge. False, and
+// each the projected outline of its corners, cut at the seam and the map's edge; a matrix too
+// fine to project in a few seconds is refused with a warning for the routine. False, and
 // nothing drawn, when no map axis system is in force.
-bool map_cells(int cols, int rows, const std::function<int(int, int)> &colour);
+bool map_cells(const char *routine, int cols, int rows, const std::function<int(int, int)> &colour);
