@@ -3,7 +3,7 @@
 set -euo pipefail
 pkgs="cmake ninja-build g++ pkg-config libcairo2-dev libreadline-dev fonts-dejavu-core libgtest-dev libbenchmark-dev
   libgtk-3-dev libproj-dev proj-bin libnetcdf-dev netcdf-bin gmt-gshhg-low gmt-dcw libgsl-dev
-  libqhull-dev libpng-dev libtiff-dev libgif-dev libjpeg-dev libcfitsio-dev libcfitsio-bin hyperfine
+  libqhull-dev libpng-dev libtiff-dev libgif-dev libjpeg-dev libcfitsio-dev libcfitsio-bin hyperfine lua5.4
   librsvg2-dev libpoppler-glib-dev libqpdf-dev hershey-fonts-data xvfb xdotool x11-apps"
 missing=""
 for p in $pkgs; do
