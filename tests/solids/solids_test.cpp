@@ -5,18 +5,23 @@
 #include "mirval.h"
 #include "solids/iso.h"
 
+#include <librsvg/rsvg.h>
+
 #include <cmath>
+#include <cstring>
 #include <map>
+#include <string>
 #include <utility>
 
 namespace {
 
 class SolidsTest : public LibraryTest {};
 
-// A PNG page with a 3-D axis system seen from the front (-Y) without perspective, so that box
-// points map straight onto the page; mode: the depth group's (ZBFMOD).
+// A PNG (or, for a .svg name, SVG) page with a 3-D axis system seen from the front (-Y)
+// without perspective, so that box points map straight onto the page; mode: the depth
+// group's (ZBFMOD).
 void front_view(const char *file, const char *mode) {
-  metafl("PNG");
+  metafl(std::strstr(file, ".svg") ? "SVG" : "PNG");
   setfil(file);
   mirini();
   zbfmod(mode);
@@ -26,23 +31,41 @@ void front_view(const char *file, const char *mode) {
 }
 
 // Two spheres that cut each other, the nearer one drawn first.
-void two_spheres(const char *mode) {
-  front_view("solids.png", mode);
+void two_spheres(const char *file, const char *mode) {
+  front_view(file, mode);
   color("BLUE");
   sphe3d(0.3f, -0.4f, 0, 0.5f, 40, 20);  // nearer the eye
   color("RED");
   sphe3d(-0.3f, 0, 0, 0.5f, 40, 20);
 }
 
-void check_front(const char *mode) {
-  two_spheres(mode);
+// An SVG file drawn by librsvg at the size of the PNG pages (1188 x 840) on white paper, as
+// a viewer shows it; returns the name of the PNG written.
+std::string svg_as_png(const std::string &svg) {
+  std::string png = svg + ".png";
+  cairo_surface_t *s = cairo_image_surface_create(CAIRO_FORMAT_RGB24, 1188, 840);
+  cairo_t *cr = cairo_create(s);
+  cairo_set_source_rgb(cr, 1, 1, 1);
+  cairo_paint(cr);
+  RsvgHandle *h = rsvg_handle_new_from_file(svg.c_str(), nullptr);
+  RsvgRectangle viewport{0, 0, 1188, 840};
+  EXPECT_TRUE(h && rsvg_handle_render_document(h, cr, &viewport, nullptr)) << svg;
+  if (h) g_object_unref(h);
+  cairo_destroy(cr);
+  cairo_surface_write_to_png(s, png.c_str());
+  cairo_surface_destroy(s);
+  return png;
+}
+
+void check_front(const char *mode, const char *file = "solids.png") {
+  two_spheres(file, mode);
   float px, py;
   rel3pt(0, 0, 0, &px, &py);
   float lx, ly, rx, ry;
   rel3pt(-0.6f, 0, 0, &lx, &ly);
   rel3pt(0.6f, 0, 0, &rx, &ry);
   mirfin();
-  Picture p = read_png("solids.png");
+  Picture p = read_png(std::strstr(file, ".svg") ? svg_as_png(file) : file);
   ASSERT_GT(p.w, 0);
   Pixel mid = p.at(int(px * 0.4), int(py * 0.4));
   EXPECT_GT(mid.b, mid.r + 40) << mode << ": where they overlap the nearer (blue) sphere is in front";
@@ -54,6 +77,7 @@ void check_front(const char *mode) {
 TEST_F(SolidsTest, DepthBufferShowsTheNearerSphere) { check_front("RASTER"); }
 
 TEST_F(SolidsTest, PolygonOrderShowsTheNearerSphere) { check_front("VECTOR"); }
+TEST_F(SolidsTest, SvgPolygonOrderShowsTheNearerSphere) { check_front("VECTOR", "solids.svg"); }
 
 TEST_F(SolidsTest, SvgKeepsPolygons) {
   metafl("SVG");
