@@ -21,6 +21,11 @@
 #ifdef __cplusplus
 extern "C" {
 #endif
+/* The routines below are all a program sees of the library (it is built with hidden
+ * visibility): its inner names never meet those of the libraries it uses. */
+#if defined(__GNUC__)
+#pragma GCC visibility push(default)
+#endif
 
 /* Widget callbacks. swgcb: the widget id and the integer array given at registration.
  * swgcb2: the id only. swgcb3: the id and the row and column of a table widget.
@@ -886,6 +891,9 @@ int tellfl(int nu);
 void upstr(char *cstr);                                      /* upper-cases in place (not traced) */
 int writfl(int nu, const void *iray, int nmax);
 
+#if defined(__GNUC__)
+#pragma GCC visibility pop
+#endif
 #ifdef __cplusplus
 }
 #endif
