@@ -12,7 +12,6 @@
 #include "output/device.h"
 
 #include <cairo-ps.h>
-#include <png.h>
 
 #include <cstring>
 
@@ -273,49 +272,6 @@ std::string media_format_setting(const char *format, const char *key) {
   auto it = f.find(std::string(format) + "." + key);
   return it == f.end() ? std::string() : it->second;
 }
-
-namespace {
-
-// PNG bytes of an image, RGB or, with 'alpha', RGBA in straight colours as PNG keeps them.
-// Plots are mostly flat colour: unfiltered rows at a low zlib level write four times faster
-// than the usual adaptive filters and level 6, and the files come out smaller.
-std::string png_bytes(const RasterImage &img, bool alpha) {
-  std::string out;
-  int channels = alpha ? 4 : 3;
-  std::vector<unsigned char> row(size_t(img.w) * channels);  // made before libpng may jump back
-  png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
-  png_infop info = png ? png_create_info_struct(png) : nullptr;
-  if (!info || setjmp(png_jmpbuf(png))) {
-    png_destroy_write_struct(&png, &info);
-    return std::string();
-  }
-  png_set_write_fn(
-      png, &out,
-      [](png_structp p, png_bytep data, png_size_t n) {
-        static_cast<std::string *>(png_get_io_ptr(p))->append(reinterpret_cast<const char *>(data), n);
-      },
-      nullptr);
-  png_set_IHDR(png, info, img.w, img.h, 8, alpha ? PNG_COLOR_TYPE_RGBA : PNG_COLOR_TYPE_RGB, PNG_INTERLACE_NONE,
-               PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
-  png_set_compression_level(png, 3);
-  png_set_filter(png, 0, PNG_FILTER_NONE);
-  png_write_info(png, info);
-  for (int y = 0; y < img.h; ++y) {
-    unsigned char *o = row.data();
-    for (int x = 0; x < img.w; ++x, o += channels) {
-      unsigned r, g, b, a;
-      rgba_of(img.argb[size_t(y) * img.w + x], r, g, b, a);
-      o[0] = static_cast<unsigned char>(r), o[1] = static_cast<unsigned char>(g), o[2] = static_cast<unsigned char>(b);
-      if (alpha) o[3] = static_cast<unsigned char>(a);
-    }
-    png_write_row(png, row.data());
-  }
-  png_write_end(png, info);
-  png_destroy_write_struct(&png, &info);
-  return out;
-}
-
-}  // namespace
 
 std::string png_file(cairo_surface_t *page) {
   bool transparent = media_format_setting("PNG", "TRANSPARENT") == "ON";

@@ -22,8 +22,8 @@ bool render_picture(const std::string &name, int page, int w, int h, RasterImage
 
 // Writes pixels (Cairo ARGB32, premultiplied) to a file of the given kind.
 bool write_image(const std::string &name, FileKind kind, const RasterImage &img, std::string &err);
-// PNG bytes of an image.
-std::string png_bytes(const RasterImage &img);
+// PNG bytes of an image: RGB, or RGBA when a pixel is not opaque or when asked.
+std::string png_bytes(const RasterImage &img, bool alpha = false);
 
 // Cairo's ARGB32 premultiplied pixel from straight RGBA.
 inline uint32_t argb_of(unsigned r, unsigned g, unsigned b, unsigned a) {
