@@ -20,6 +20,7 @@ static long executed = 0;
 // Linked with --wrap for these symbols: they see every call the interpreter makes.
 extern "C" {
 int __real__Z9exec_stmtPKc(const char *text);
+void __real__Z11exec_storedi(int k);
 [[noreturn]] void __real_exit(int status);
 FILE *__real_fopen(const char *path, const char *mode);
 int __real_remove(const char *path);
@@ -28,6 +29,12 @@ int __real_rename(const char *from, const char *to);
 int __wrap__Z9exec_stmtPKc(const char *text) {
   if (running && ++executed > BUDGET) return 0;
   return __real__Z9exec_stmtPKc(text);
+}
+
+// Statements replayed from the buffer count too: a loop that never ends must end here.
+void __wrap__Z11exec_storedi(int k) {
+  if (running && ++executed > BUDGET) return;
+  __real__Z11exec_storedi(k);
 }
 
 [[noreturn]] void __wrap_exit(int status) {

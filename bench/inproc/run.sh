@@ -2,7 +2,8 @@
 # Times the same work inside each program: CLOCK() in ZKL, time.process_time() in Python 3,
 # os.clock() in Lua 5.4 (processor time, start-up excluded). Each case runs RUNS times (default
 # 5) and the best time counts. Prints a table with the ratios to Python; then the start-up
-# time of a one-statement script, measured from outside with hyperfine.
+# time of a one-statement script and of one that opens and closes an empty PNG page (the
+# plotting library is loaded on the first drawing call), measured from outside with hyperfine.
 # Usage: bench/inproc/run.sh [BUILD_DIR] [RUNS]
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
@@ -32,6 +33,7 @@ if command -v hyperfine >/dev/null; then
   table=$(mktemp)
   hyperfine --warmup 3 --runs 30 -N --style none --export-markdown "$table" \
     --command-name "mirzkl one-statement script" "$build/mirzkl startup.zkl" \
+    --command-name "mirzkl empty PNG page" "$build/mirzkl startup_draw.zkl" \
     --command-name "python3 -c pass" "python3 -c pass" \
     --command-name "lua5.4 -e ''" "lua5.4 -e ''" > /dev/null
   cat "$table"

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs the build into a temporary prefix and builds the README's C example against the
-# installed header, library and pkg-config file; the program must write its PNG.
+# installed header, library and pkg-config file; the program must write its PNG. The installed
+# mirzkl must draw through the installed library, which it loads only when a script draws.
 # Usage: install.sh BUILD_DIR DEMO.c [EXTRA_CFLAGS...]
 set -u
 build=$(realpath "$1") demo=$(realpath "$2")
@@ -21,4 +22,11 @@ cc "$@" "$demo" -o demo $(pkg-config --cflags --libs mirval) -Wl,-rpath,"$prefix
 ./demo 2> run.log || { echo "demo failed"; cat run.log; exit 1; }
 [ "$(od -An -tx1 -N4 mirval.png | tr -d ' \n')" = "89504e47" ] || { echo "no PNG written"; status=1; }
 ldd ./demo | grep -q "$prefix/lib/libmirval.so" || { echo "demo does not use the installed shared library"; status=1; }
+printf '%%ZKL\nPRINT 6*7\n' > count.zkl
+printf '%%ZKL\nMETAFL("PNG")\nSETFIL("drawn.png")\nMIRINI()\nPAGERA()\nMIRFIN()\n' > draw.zkl
+[ "$(LD_DEBUG=files bin/mirzkl count.zkl 2> count.log | tr -d " ")" = "42" ] || { echo "installed mirzkl did not count"; status=1; }
+grep -q "libmirval" count.log && { echo "a script that only prints loaded the plotting library"; status=1; }
+LD_DEBUG=files bin/mirzkl draw.zkl > /dev/null 2> draw.log || { echo "installed mirzkl failed to draw"; status=1; }
+grep -q "file=.*$prefix/bin/../lib/libmirval.so" draw.log || { echo "mirzkl did not load the installed library"; status=1; }
+[ "$(od -An -tx1 -N4 drawn.png 2>/dev/null | tr -d ' \n')" = "89504e47" ] || { echo "mirzkl wrote no PNG"; status=1; }
 exit $status

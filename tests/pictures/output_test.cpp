@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <cstdlib>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -79,6 +80,21 @@ TEST_F(OutputTest, VectorFilesAreTheSameBytesEveryTime) {
     EXPECT_EQ(first, second) << f;
     EXPECT_EQ(first.find("CreationDate: "), std::string::npos) << f;
   }
+}
+
+// A name that is not a plain file is written through, never replaced by one: a link keeps
+// pointing at its file (and /dev/null stays a device).
+TEST_F(OutputTest, ALinkIsWrittenThroughNotReplaced) {
+  ASSERT_EQ(symlink("target.png", "link.png"), 0);
+  setfil("link.png");
+  testing::internal::CaptureStderr();
+  small_plot();
+  mirfin();
+  testing::internal::GetCapturedStderr();
+  struct stat st;
+  ASSERT_EQ(lstat("link.png", &st), 0);
+  EXPECT_TRUE(S_ISLNK(st.st_mode));
+  EXPECT_EQ(read_file("target.png").rfind("\x89PNG", 0), 0u);
 }
 
 TEST_F(OutputTest, PdfAndPsGetOnePagePerNewpag) {

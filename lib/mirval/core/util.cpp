@@ -1,10 +1,7 @@
-// String helpers and the caller's registrations: small utilities with no drawing.
+// The caller's registrations and the level: small utilities with no drawing.
 #include "mirval.h"
 #include "core/state.h"
 #include "core/trace.h"
-
-#include <algorithm>
-#include <cstring>
 
 extern "C" {
 
@@ -14,37 +11,5 @@ void mirlog(const char *name) {
 }
 
 int getlev(void) { return mirval_state().level; }
-
-void upstr(char *text) {
-  if (!text) return;
-  for (; *text; ++text)
-    if (*text >= 'a' && *text <= 'z') *text = static_cast<char>(*text - 'a' + 'A');
-}
-
-// Copies at most max characters and always terminates: dst must hold max + 1 bytes.
-void qqscpy(char *dst, const char *src, int max) {
-  if (!dst) return;
-  int n = 0;
-  if (src)
-    for (; n < max && src[n]; ++n) dst[n] = src[n];
-  dst[n] = '\0';
-}
-
-// Appends so that the result holds at most max characters (dst holds max + 1 bytes); a dst
-// already longer is cut too.
-void qqscat(char *dst, const char *src, int max) {
-  if (!dst) return;
-  int n = std::min(static_cast<int>(std::strlen(dst)), std::max(max, 0));
-  if (src)
-    for (; n < max && *src; ++n) dst[n] = *src++;
-  dst[n] = '\0';
-}
-
-int trmlen(const char *text) {
-  if (!text) return 0;
-  int n = static_cast<int>(std::strlen(text));
-  while (n > 0 && text[n - 1] == ' ') --n;
-  return n;
-}
 
 }  // extern "C"
