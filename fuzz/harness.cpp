@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <dirent.h>
+#include <ftw.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -60,6 +61,14 @@ int __wrap_rename(const char *from, const char *to) {
 }
 }
 
+static char scratch[4096];  // the scratch folder's full path, removed when the program ends
+
+static int remove_entry(const char *path, const struct stat *, int, struct FTW *) { return std::remove(path); }
+
+static void remove_scratch() {
+  if (chdir("/") == 0) nftw(scratch, remove_entry, 16, FTW_DEPTH | FTW_PHYS);
+}
+
 static void enter_scratch() {
   static bool inside = false;
   if (inside) {
@@ -72,7 +81,8 @@ static void enter_scratch() {
   // Deep below a private folder of the working folder: a relative path in a script does not
   // reach out easily.
   char dir[] = "zklfuzz.XXXXXX";
-  if (!mkdtemp(dir) || chdir(dir) != 0) std::abort();
+  if (!mkdtemp(dir) || chdir(dir) != 0 || !getcwd(scratch, sizeof scratch)) std::abort();
+  std::atexit(remove_scratch);
   for (int i = 0; i < 8; ++i)
     if (mkdir("d", 0700) != 0 || chdir("d") != 0) std::abort();
   inside = true;
