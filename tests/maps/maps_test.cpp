@@ -568,3 +568,88 @@ TEST_F(MapTest, ColourMatrixTooFineForAMapIsRefused) {
   EXPECT_TRUE(cells().empty());
   mirfin();
 }
+
+namespace {
+
+// The stroked items drawn since `before` that pass within 0.01 units of every point given.
+bool stroke_through(size_t before, std::initializer_list<Pt> pts) {
+  const std::vector<Item> &items = mirval_state().scene.current().items;
+  for (size_t i = before; i < items.size(); ++i) {
+    bool all = items[i].kind == ItemKind::Stroke;
+    for (Pt q : pts) all = all && has_point(items[i].path, q);
+    if (all) return true;
+  }
+  return false;
+}
+
+// The middle of the bounding box of the last item drawn.
+Pt last_item_centre() {
+  const Path &p = mirval_state().scene.current().items.back().path;
+  double x0 = 1e30, x1 = -1e30, y0 = 1e30, y1 = -1e30;
+  for (Pt a : p.pts) x0 = std::min(x0, a.x), x1 = std::max(x1, a.x), y0 = std::min(y0, a.y), y1 = std::max(y1, a.y);
+  return {(x0 + x1) / 2, (y0 + y1) / 2};
+}
+
+}  // namespace
+
+// Lines, rectangles, circles, points and areas given in user coordinates stand on a map where
+// the projection puts their longitude and latitude together, not where plain scaling would.
+TEST_F(MapTest, UserShapesStandWhereTheProjectionPutsThem) {
+  open_page();
+  projct("ROBI");
+  grafmp(-180, 180, -180, 60, -90, 90, -90, 30);
+  size_t before = mirval_state().scene.current().items.size();
+  rline(150, 60, 170, 40);
+  EXPECT_TRUE(stroke_through(before, {page_point(150, 60), page_point(170, 40)}));
+  before = mirval_state().scene.current().items.size();
+  rlrec(140, 70, 20, 10);  // its sides follow the parallels and meridians
+  EXPECT_TRUE(stroke_through(before, {page_point(140, 70), page_point(160, 70), page_point(160, 60), page_point(140, 60)}));
+  float ax[3] = {100, 120, 110}, ay[3] = {-40, -40, -20};
+  before = mirval_state().scene.current().items.size();
+  rlarea(ax, ay, 3);
+  EXPECT_TRUE(stroke_through(before, {page_point(100, -40), page_point(120, -40), page_point(110, -20)}));
+  for (auto draw : {+[] { rlcirc(150, 60, 5); }, +[] { rlell(150, 60, 5, 3); }, +[] { rlpoin(150, 60, 20, 20, 1); }}) {
+    draw();
+    Pt c = last_item_centre(), want = page_point(150, 60);
+    EXPECT_NEAR(c.x, want.x, 1.0);
+    EXPECT_NEAR(c.y, want.y, 1.0);
+    EXPECT_GT(std::fabs(c.x - page_x(150)), 50);  // plain scaling would put it elsewhere
+  }
+  // a line over the dateline is cut at the map's edge instead of crossing the whole map
+  before = mirval_state().scene.current().items.size();
+  rline(170, 0, -170, 0);
+  EXPECT_FALSE(stroke_through(before, {page_point(0, 0)}));
+  const std::vector<Item> &items = mirval_state().scene.current().items;
+  for (size_t i = before; i < items.size(); ++i)
+    for (Pt a : items[i].path.pts) EXPECT_GT(std::fabs(a.x - page_point(0, 0).x), 500);
+  mirfin();
+}
+
+// An eastward vector on a map points along the parallel where it stands, a northward one
+// along the meridian: away from an orthographic globe's centre both are turned on the page.
+TEST_F(MapTest, VectorsPointEastAndNorthWhereTheyStand) {
+  open_page();
+  projct("ORTH");
+  mappol(0, 40);
+  grafmp(-180, 180, -180, 30, -90, 90, -90, 30);
+  const float lon = 50, lat = 55;
+  float xp[1] = {lon}, yp[1] = {lat};
+  for (int north = 0; north < 2; ++north) {
+    float u[1] = {north ? 0.f : 1.f}, v[1] = {north ? 1.f : 0.f};
+    size_t before = mirval_state().scene.current().items.size();
+    vecfld(u, v, xp, yp, 1, 1);
+    const std::vector<Item> &items = mirval_state().scene.current().items;
+    const Item *shaft = nullptr;
+    for (size_t i = before; i < items.size(); ++i)
+      if (items[i].kind == ItemKind::Stroke) shaft = &items[i];
+    ASSERT_TRUE(shaft && shaft->path.pts.size() >= 2);
+    Pt a = shaft->path.pts[0], b = shaft->path.pts[1];
+    Pt f = north ? page_point(lon, lat + 1) : page_point(lon + 1, lat);
+    Pt r = north ? page_point(lon, lat - 1) : page_point(lon - 1, lat);
+    double want = std::atan2(f.y - r.y, f.x - r.x), got = std::atan2(b.y - a.y, b.x - a.x);
+    EXPECT_NEAR(std::remainder(got - want, 2 * M_PI), 0, 0.02) << (north ? "north" : "east");
+    // the projection really turns them away from the page's right and up
+    EXPECT_GT(std::fabs(std::remainder(want - (north ? -M_PI / 2 : 0), 2 * M_PI)), 0.2);
+  }
+  mirfin();
+}

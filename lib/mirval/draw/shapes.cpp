@@ -7,6 +7,7 @@
 #include "axes/scaling.h"
 #include "core/state.h"
 #include "core/trace.h"
+#include "maps/projection.h"
 
 #include <algorithm>
 #include <cmath>
@@ -69,14 +70,42 @@ void sector_at(Pt c, double r1, double r2, double alpha, double beta, int ncol, 
   stroke_path(fit);
 }
 
+// On a map axis system x and y are longitude and latitude and go through the projection
+// together (page_point); the lines between them are cut at the map's seam and edge.
 std::vector<Pt> user_points(const float *x, const float *y, int n) {
   std::vector<Pt> pts;
-  for (int i = 0; i < n; ++i) pts.push_back({page_x(x[i]), page_y_user(y[i])});
+  for (int i = 0; i < n; ++i) pts.push_back(page_point(x[i], y[i]));
   return pts;
 }
 
-// Radius in page units of a length along the user X axis at x.
-double user_radius(double x, double r) { return std::fabs(page_x(x + r) - page_x(x)); }
+std::vector<Pt> user_line(double xa, double ya, double xb, double yb) {
+  std::vector<Pt> pts{page_point(xa, ya)};
+  for (Pt q : page_cut(xa, ya, xb, yb)) pts.push_back(q);
+  pts.push_back(page_point(xb, yb));
+  return pts;
+}
+
+// Page distance from user point (x, y) to the point dx, dy away from it: a radius along the
+// user X axis (dy = 0) or Y axis (dx = 0); on a map, measured where the shape stands.
+double user_radius(double x, double y, double dx, double dy) {
+  Pt c = page_point(x, y), e = page_point(x + dx, y + dy);
+  return std::hypot(e.x - c.x, e.y - c.y);
+}
+
+// A rectangle of user coordinates from its upper left corner: on a map its sides follow the
+// parallels and meridians, so they are drawn through points along them.
+Path user_rect(double x, double y, double w, double h) {
+  if (!current_map()) return rect_path(page_x(x), page_y_user(y), page_x(x + w), page_y_user(y - h));
+  const int steps = 32;
+  const double cx[] = {x, x + w, x + w, x, x}, cy[] = {y, y, y - h, y - h, y};
+  std::vector<Pt> pts;
+  for (int side = 0; side < 4; ++side)
+    for (int k = 0; k < steps; ++k) {
+      double f = double(k) / steps;
+      pts.push_back(page_point(cx[side] + f * (cx[side + 1] - cx[side]), cy[side] + f * (cy[side + 1] - cy[side])));
+    }
+  return polygon_path(pts, user_clip());
+}
 
 bool drawing(const char *routine) { return mv_level(routine, 1, 3); }
 bool user_drawing(const char *routine) { return mv_level(routine, 2, 3); }
@@ -100,7 +129,7 @@ void line(int nx1, int ny1, int nx2, int ny2) {
 void rline(float x1, float y1, float x2, float y2) {
   mv_tracef("rline(%g, %g, %g, %g)", (double)x1, (double)y1, (double)x2, (double)y2);
   if (user_drawing("rline"))
-    stroke_polyline({{page_x(x1), page_y_user(y1)}, {page_x(x2), page_y_user(y2)}}, user_clip());
+    stroke_polyline(user_line(x1, y1, x2, y2), user_clip());
 }
 
 void rectan(int nx, int ny, int nw, int nh) {
@@ -113,7 +142,7 @@ void rectan(int nx, int ny, int nw, int nh) {
 void rlrec(float x1, float x2, float x3, float x4) {
   mv_tracef("rlrec(%g, %g, %g, %g)", (double)x1, (double)x2, (double)x3, (double)x4);
   if (!user_drawing("rlrec")) return;
-  shape(rect_path(page_x(x1), page_y_user(x2), page_x(x1 + x3), page_y_user(x2 - x4)), user_clip());
+  shape(user_rect(x1, x2, x3, x4), user_clip());
 }
 
 void recfll(int nx, int ny, int nw, int nh, int ncol) {
@@ -131,8 +160,8 @@ void circle(int nx, int ny, int nr) {
 void rlcirc(float x1, float x2, float x3) {
   mv_tracef("rlcirc(%g, %g, %g)", (double)x1, (double)x2, (double)x3);
   if (!user_drawing("rlcirc")) return;
-  double r = user_radius(x1, x3);
-  ellipse({page_x(x1), page_y_user(x2)}, r, r, user_clip());
+  double r = user_radius(x1, x2, x3, 0);
+  ellipse(page_point(x1, x2), r, r, user_clip());
 }
 
 void ellips(int nx, int ny, int na, int nb) {
@@ -143,8 +172,7 @@ void ellips(int nx, int ny, int na, int nb) {
 void rlell(float x1, float x2, float x3, float x4) {
   mv_tracef("rlell(%g, %g, %g, %g)", (double)x1, (double)x2, (double)x3, (double)x4);
   if (!user_drawing("rlell")) return;
-  double b = std::fabs(page_y_user(x2 + x4) - page_y_user(x2));
-  ellipse({page_x(x1), page_y_user(x2)}, user_radius(x1, x3), b, user_clip());
+  ellipse(page_point(x1, x2), user_radius(x1, x2, x3, 0), user_radius(x1, x2, 0, x4), user_clip());
 }
 
 void arcell(int n1, int n2, int n3, int n4, float x1, float x2, float x3) {
@@ -156,8 +184,7 @@ void rlarc(float x1, float x2, float x3, float x4, float x5, float x6, float x7)
   mv_tracef("rlarc(%g, %g, %g, %g, %g, %g, %g)", (double)x1, (double)x2, (double)x3, (double)x4,
             (double)x5, (double)x6, (double)x7);
   if (!user_drawing("rlarc")) return;
-  double b = std::fabs(page_y_user(x2 + x4) - page_y_user(x2));
-  arc({page_x(x1), page_y_user(x2)}, user_radius(x1, x3), b, x5, x6, x7, user_clip());
+  arc(page_point(x1, x2), user_radius(x1, x2, x3, 0), user_radius(x1, x2, 0, x4), x5, x6, x7, user_clip());
 }
 
 void sector(int nx, int ny, int nr1, int nr2, float alpha, float beta, int ncol) {
@@ -170,7 +197,7 @@ void rlsec(float x1, float x2, float x3, float x4, float x5, float x6, int n) {
   mv_tracef("rlsec(%g, %g, %g, %g, %g, %g, %d)", (double)x1, (double)x2, (double)x3, (double)x4,
             (double)x5, (double)x6, n);
   if (user_drawing("rlsec") && colour_number("rlsec", n))
-    sector_at({page_x(x1), page_y_user(x2)}, user_radius(x1, x3), user_radius(x1, x4), x5, x6, n, user_clip());
+    sector_at(page_point(x1, x2), user_radius(x1, x2, x3, 0), user_radius(x1, x2, x4, 0), x5, x6, n, user_clip());
 }
 
 void point(int nx, int ny, int nb, int nh, int ncol) {
@@ -183,8 +210,8 @@ void point(int nx, int ny, int nb, int nh, int ncol) {
 void rlpoin(float x1, float x2, int n1, int n2, int n3) {
   mv_tracef("rlpoin(%g, %g, %d, %d, %d)", (double)x1, (double)x2, n1, n2, n3);
   if (!user_drawing("rlpoin") || !colour_number("rlpoin", n3)) return;
-  double x = page_x(x1), y = page_y_user(x2);
-  filled_rect(x - n1 / 2.0, y - n2 / 2.0, x + n1 / 2.0, y + n2 / 2.0, n3, user_clip());
+  Pt c = page_point(x1, x2);
+  filled_rect(c.x - n1 / 2.0, c.y - n2 / 2.0, c.x + n1 / 2.0, c.y + n2 / 2.0, n3, user_clip());
 }
 
 void areaf(const int *nxray, const int *nyray, int n) {
@@ -235,7 +262,8 @@ void rndrec(int n1, int n2, int n3, int n4, int n5) {
 void rlrnd(float x1, float x2, float x3, float x4, int n) {
   mv_tracef("rlrnd(%g, %g, %g, %g, %d)", (double)x1, (double)x2, (double)x3, (double)x4, n);
   if (!user_drawing("rlrnd") || !roundness("rlrnd", n)) return;
-  shape(round_rect_path(page_x(x1), page_y_user(x2), page_x(x1 + x3), page_y_user(x2 - x4), n), user_clip());
+  Pt a = page_point(x1, x2), b = page_point(x1 + x3, x2 - x4);
+  shape(round_rect_path(a.x, a.y, b.x, b.y, n), user_clip());
 }
 
 }

@@ -219,7 +219,7 @@ void linfit(const float *xray, const float *yray, int n, float *a, float *b, flo
   std::vector<Pt> line;
   for (int k = 0; k <= 64; ++k) {  // many points, so that log axes show the line's true form
     double x = lo + (hi - lo) * k / 64;
-    line.push_back({page_x(x), page_y_user(fa * x + fb)});
+    line.push_back(page_point(x, fa * x + fb));
   }
   std::vector<Pt> finite;
   for (Pt p : line)
@@ -228,7 +228,7 @@ void linfit(const float *xray, const float *yray, int n, float *a, float *b, flo
   if (draw == 2) {
     const MirvalState &st = mirval_state();
     for (int k = 0; k < n; ++k) {
-      Pt p{page_x(xray[k]), page_y_user(yray[k])};
+      Pt p = page_point(xray[k], yray[k]);
       if (std::isfinite(p.x + p.y) && inside(p, clip)) draw_marker(st.curve.marker, p, st.curve.hsymbl, pen_rgb(), st.pen.width);
     }
   }
@@ -308,8 +308,8 @@ void shdcrv(const float *x1ray, const float *y1ray, int n1, const float *x2ray, 
     return;
   }
   std::vector<Pt> poly;
-  for (int k = 0; k < n1; ++k) poly.push_back({page_x(x1ray[k]), page_y_user(y1ray[k])});
-  for (int k = n2 - 1; k >= 0; --k) poly.push_back({page_x(x2ray[k]), page_y_user(y2ray[k])});
+  for (int k = 0; k < n1; ++k) poly.push_back(page_point(x1ray[k], y1ray[k]));
+  for (int k = n2 - 1; k >= 0; --k) poly.push_back(page_point(x2ray[k], y2ray[k]));
   std::vector<Pt> finite;
   for (Pt p : poly)
     if (std::isfinite(p.x + p.y)) finite.push_back(p);

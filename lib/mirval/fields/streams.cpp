@@ -419,7 +419,7 @@ void draw_streamlines(const std::vector<std::vector<Pt>> &lines) {
   for (const std::vector<Pt> &user_line : lines) {
     std::vector<Pt> line;
     line.reserve(user_line.size());
-    for (Pt p : user_line) line.push_back({page_x(p.x), page_y_user(p.y)});
+    for (Pt p : user_line) line.push_back(page_point(p.x, p.y));
     line = simplify(line, POLYLINE_TOLERANCE);
     append_polyline(strokes, line, clip);
     if (!fs.stm_arrows || every <= 0 || line.size() < 2) continue;

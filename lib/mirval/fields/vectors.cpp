@@ -10,6 +10,7 @@
 #include "draw/draw.h"
 #include "fields/fields.h"
 #include "grids/colour_matrix.h"
+#include "maps/projection.h"
 #include "mirval.h"
 
 #include <algorithm>
@@ -40,6 +41,27 @@ void axis_signs(double &sx, double &sy) {
   const MirvalState &st = mirval_state();
   sx = st.axes.range[0].e >= st.axes.range[0].a ? 1 : -1;
   sy = st.axes.range[1].e >= st.axes.range[1].a ? 1 : -1;
+}
+
+// On a map a vector's components point east and north where it stands, and the projection
+// turns those directions: the components become the page's right and up at that place (in
+// the axis directions draw_field applies). Unchanged where the directions are not defined.
+void turn_on_map(double lon, double lat, Pt at, double &u, double &v) {
+  auto towards = [&](double dlon, double dlat) {  // unit page direction, from the nearer side
+    Pt f = page_point(lon + dlon, lat + dlat), b = page_point(lon - dlon, lat - dlat);
+    Pt df{f.x - at.x, f.y - at.y}, db{at.x - b.x, at.y - b.y};
+    double lf = std::hypot(df.x, df.y), lb = std::hypot(db.x, db.y);
+    Pt d = std::isfinite(lf) && !(lb < lf) ? df : db;
+    double l = std::hypot(d.x, d.y);
+    return l > 0 && std::isfinite(l) ? Pt{d.x / l, d.y / l} : Pt{NAN, NAN};
+  };
+  Pt e = towards(1e-3, 0), n = towards(0, 1e-3);
+  if (!std::isfinite(e.x + e.y + n.x + n.y)) return;
+  double sx, sy;
+  axis_signs(sx, sy);
+  double px = u * e.x + v * n.x, py = u * e.y + v * n.y;  // page y runs down
+  u = sx * px;
+  v = -sy * py;
 }
 
 // Arrows of the vectors (u, v) at page points; 'spacing' is the distance between neighbouring
@@ -154,7 +176,7 @@ void rlvec(float x1, float y1, float x2, float y2, int ivec) {
   mv_tracef("rlvec(%g, %g, %g, %g, %d)", (double)x1, (double)y1, (double)x2, (double)y2, ivec);
   if (!mv_level("rlvec", 2, 3)) return;
   ArrowForm f = form_of("rlvec", ivec);
-  Pt a{page_x(x1), page_y_user(y1)}, b{page_x(x2), page_y_user(y2)};
+  Pt a = page_point(x1, y1), b = page_point(x2, y2);
   if (!std::isfinite(a.x + a.y + b.x + b.y)) {
     mv_warn("rlvec", "a point is not a number or has no place on a log axis");
     return;
@@ -169,7 +191,10 @@ void vecfld(const float *xv, const float *yv, const float *xp, const float *yp, 
   ArrowForm f = form_of("vecfld", ivec);
   std::vector<Pt> at(n);
   std::vector<double> u(xv, xv + n), v(yv, yv + n);
-  for (int k = 0; k < n; ++k) at[k] = {page_x(xp[k]), page_y_user(yp[k])};
+  for (int k = 0; k < n; ++k) {
+    at[k] = page_point(xp[k], yp[k]);
+    if (current_map()) turn_on_map(xp[k], yp[k], at[k], u[k], v[k]);
+  }
   const Rect &box = mirval_state().axes.box;
   double spacing = std::sqrt((box.x1 - box.x0) * (box.y1 - box.y0) / n);
   draw_field(at, u, v, std::min(spacing, 0.25 * std::min(box.x1 - box.x0, box.y1 - box.y0)), f);
@@ -190,7 +215,11 @@ void vecmat(const float *xv, const float *yv, int nx, int ny, const float *xp, c
   std::vector<Pt> at(total);
   std::vector<double> u(xv, xv + total), v(yv, yv + total);
   for (int i = 0; i < nx; ++i)
-    for (int j = 0; j < ny; ++j) at[long(i) * ny + j] = {page_x(xp[i]), page_y_user(yp[j])};
+    for (int j = 0; j < ny; ++j) {
+      long k = long(i) * ny + j;
+      at[k] = page_point(xp[i], yp[j]);
+      if (current_map()) turn_on_map(xp[i], yp[j], at[k], u[k], v[k]);
+    }
   const Rect &box = mirval_state().axes.box;
   double spacing = INFINITY;
   if (nx > 1) spacing = std::fabs(page_x(xp[nx - 1]) - page_x(xp[0])) / (nx - 1);
@@ -210,13 +239,13 @@ void field(const float *x1ray, const float *y1ray, const float *x2ray, const flo
   double least = INFINITY, top = 0;
   std::vector<double> len(n, NAN);
   for (int k = 0; k < n; ++k) {
-    Pt a{page_x(x1ray[k]), page_y_user(y1ray[k])}, b{page_x(x2ray[k]), page_y_user(y2ray[k])};
+    Pt a = page_point(x1ray[k], y1ray[k]), b = page_point(x2ray[k], y2ray[k]);
     len[k] = std::hypot(b.x - a.x, b.y - a.y);
     if (std::isfinite(len[k])) least = std::min(least, len[k]), top = std::max(top, len[k]);
   }
   for (int k = 0; k < n; ++k) {
     if (!std::isfinite(len[k])) continue;
-    Pt a{page_x(x1ray[k]), page_y_user(y1ray[k])}, b{page_x(x2ray[k]), page_y_user(y2ray[k])};
+    Pt a = page_point(x1ray[k], y1ray[k]), b = page_point(x2ray[k], y2ray[k]);
     int c = st.field.vec_colour >= 0 ? st.field.vec_colour
             : st.field.vec_colour == -2 ? value_colour(len[k], least, top) : -1;
     auto &g = groups[c];
@@ -271,7 +300,7 @@ void windbr(float x1, int n1, int n2, int n3, float x2) {
 void rlwind(float x1, float x2, float x3, int n, float x4) {
   mv_tracef("rlwind(%g, %g, %g, %d, %g)", (double)x1, (double)x2, (double)x3, n, (double)x4);
   if (!mv_level("rlwind", 2, 3) || !barb_args("rlwind", x1, n, x4)) return;
-  Pt p{page_x(x2), page_y_user(x3)};
+  Pt p = page_point(x2, x3);
   if (!std::isfinite(p.x + p.y)) {
     mv_warn("rlwind", "the point is not a number or has no place on a log axis");
     return;
