@@ -28,13 +28,35 @@ void keep(const char *format, const char *key, const std::string &value) {
 
 bool one_of(const char *c, std::initializer_list<const char *> words) { return keyword_index(c, words) >= 0; }
 
-std::string list_of(std::initializer_list<const char *> words) {
+// "A, B, C" or, with last " or ", "A, B or C".
+std::string list_of(std::initializer_list<const char *> words, const char *last = ", ") {
   std::string s;
+  size_t k = 0;
   for (const char *w : words) {
-    if (!s.empty()) s += ", ";
+    if (k++) s += k == words.size() ? last : ", ";
     s += w;
   }
   return s;
+}
+
+// Whether c is one of the words; otherwise one warning that lists them.
+bool choice(const char *routine, const char *what, const char *c, std::initializer_list<const char *> words) {
+  if (one_of(c, words)) return true;
+  mv_warn(routine, "unknown %s %s (%s)", what, mv_tstr(c).c_str(), list_of(words, " or ").c_str());
+  return false;
+}
+
+// RESOLUTION of TIFMOD and BMPMOD: n dots per inch or per cm, kept per inch.
+void keep_resolution(const char *routine, const char *format, int n, const char *unit) {
+  if (choice(routine, "unit", unit, {"INCH", "CM"}) && in_range(routine, "resolution", n, 1, 100000))
+    keep(format, "RESOLUTION", std::to_string(same(unit, "CM") ? int(std::lround(n * 2.54)) : n));
+}
+
+// The background colour as 0xRRGGBB, the pixels that transparent PNG and GIF files leave out.
+uint32_t back_rgb24() {
+  Rgb b = back_rgb();
+  return (uint32_t(std::lround(b.r * 255)) << 16) | (uint32_t(std::lround(b.g * 255)) << 8) |
+         uint32_t(std::lround(b.b * 255));
 }
 
 // A setting (value, key) whose key is one of 'keys' and, for keys in 'onoff', whose value is
@@ -83,19 +105,10 @@ void gifmod(const char *c1, const char *c2) {
 void tifmod(int n, const char *c1, const char *c2) {
   mv_tracef("tifmod(%d, %s, %s)", n, mv_tstr(c1).c_str(), mv_tstr(c2).c_str());
   if (same(c2, "RESOLUTION")) {
-    if (!one_of(c1, {"INCH", "CM"})) {
-      mv_warn("tifmod", "unknown unit %s (INCH or CM)", mv_tstr(c1).c_str());
-      return;
-    }
-    if (!in_range("tifmod", "resolution", n, 1, 100000)) return;
-    int dpi = same(c1, "CM") ? int(std::lround(n * 2.54)) : n;
-    keep("TIFF", "RESOLUTION", std::to_string(dpi));
+    keep_resolution("tifmod", "TIFF", n, c1);
   } else if (same(c2, "COMPRESSION")) {
-    if (!one_of(c1, {"NONE", "LZW", "DEFLATE", "PACKBITS"})) {
-      mv_warn("tifmod", "unknown compression %s (NONE, LZW, DEFLATE or PACKBITS)", mv_tstr(c1).c_str());
-      return;
-    }
-    keep("TIFF", "COMPRESSION", upper(c1));
+    if (choice("tifmod", "compression", c1, {"NONE", "LZW", "DEFLATE", "PACKBITS"}))
+      keep("TIFF", "COMPRESSION", upper(c1));
   } else {
     mv_warn("tifmod", "unknown option %s (RESOLUTION or COMPRESSION)", mv_tstr(c2).c_str());
   }
@@ -105,10 +118,7 @@ void tifmod(int n, const char *c1, const char *c2) {
 // (Cairo compresses PDF streams always; OFF is kept only).
 void pdfmod(const char *c1, const char *c2) {
   mv_tracef("pdfmod(%s, %s)", mv_tstr(c1).c_str(), mv_tstr(c2).c_str());
-  if (same(c2, "VERSION") && !one_of(c1, {"1.4", "1.5"})) {
-    mv_warn("pdfmod", "unknown version %s (1.4 or 1.5)", mv_tstr(c1).c_str());
-    return;
-  }
+  if (same(c2, "VERSION") && !choice("pdfmod", "version", c1, {"1.4", "1.5"})) return;
   keyed("pdfmod", "PDF", c1, c2, {"TITLE", "AUTHOR", "SUBJECT", "VERSION", "COMPRESSION"}, {"COMPRESSION"});
 }
 
@@ -116,14 +126,7 @@ void pdfmod(const char *c1, const char *c2) {
 // one level below the last 'PAGE' entry, also pointing at the current page.
 void pdfmrk(const char *c1, const char *c2) {
   mv_tracef("pdfmrk(%s, %s)", mv_tstr(c1).c_str(), mv_tstr(c2).c_str());
-  if (!c1 || !*c1) {
-    mv_warn("pdfmrk", "no bookmark text given");
-    return;
-  }
-  if (!one_of(c2, {"PAGE", "SUB"})) {
-    mv_warn("pdfmrk", "unknown kind %s (PAGE or SUB)", mv_tstr(c2).c_str());
-    return;
-  }
+  if (!given("pdfmrk", c1, "bookmark text") || !choice("pdfmrk", "kind", c2, {"PAGE", "SUB"})) return;
   MirvalState &st = mirval_state();
   if (!mv_level("pdfmrk", 1, 3)) return;
   size_t page = st.scene.pages.empty() ? 1 : st.scene.pages.size();
@@ -167,11 +170,7 @@ void cgmbgd(float x1, float x2, float x3) {
 
 void cgmpic(const char *c) {
   mv_tracef("cgmpic(%s)", mv_tstr(c).c_str());
-  if (!c || !*c) {
-    mv_warn("cgmpic", "no picture name given");
-    return;
-  }
-  keep("CGM", "PICTURE", c);
+  if (given("cgmpic", c, "picture name")) keep("CGM", "PICTURE", c);
 }
 
 void cgmver(int n) {
@@ -223,12 +222,7 @@ void hwscal(float x) {
 void bmpmod(int n, const char *c1, const char *c2) {
   mv_tracef("bmpmod(%d, %s, %s)", n, mv_tstr(c1).c_str(), mv_tstr(c2).c_str());
   if (same(c2, "RESOLUTION")) {
-    if (!one_of(c1, {"INCH", "CM"})) {
-      mv_warn("bmpmod", "unknown unit %s (INCH or CM)", mv_tstr(c1).c_str());
-      return;
-    }
-    if (in_range("bmpmod", "resolution", n, 1, 100000))
-      keep("BMP", "RESOLUTION", std::to_string(same(c1, "CM") ? int(std::lround(n * 2.54)) : n));
+    keep_resolution("bmpmod", "BMP", n, c1);
   } else if (same(c2, "DEPTH")) {
     if (n != 1 && n != 4 && n != 8 && n != 24) mv_warn("bmpmod", "depth %d is not 1, 4, 8 or 24", n);
     else keep("BMP", "DEPTH", std::to_string(n));
@@ -239,11 +233,7 @@ void bmpmod(int n, const char *c1, const char *c2) {
 
 void bmpfnt(const char *c) {
   mv_tracef("bmpfnt(%s)", mv_tstr(c).c_str());
-  if (!c || !*c) {
-    mv_warn("bmpfnt", "no font name given");
-    return;
-  }
-  keep("BMP", "FONT", c);
+  if (given("bmpfnt", c, "font name")) keep("BMP", "FONT", c);
 }
 
 void bufmod(const char *c1, const char *c2) {
@@ -253,15 +243,8 @@ void bufmod(const char *c1, const char *c2) {
 
 void symfil(const char *c1, const char *c2) {
   mv_tracef("symfil(%s, %s)", mv_tstr(c1).c_str(), mv_tstr(c2).c_str());
-  if (!c1 || !*c1) {
-    mv_warn("symfil", "no device given");
-    return;
-  }
-  if (!one_of(c2, {"DELETE", "KEEP"})) {
-    mv_warn("symfil", "unknown mode %s (DELETE or KEEP)", mv_tstr(c2).c_str());
-    return;
-  }
-  keep("SYMFIL", upper(c2).c_str(), c1);
+  if (given("symfil", c1, "device") && choice("symfil", "mode", c2, {"DELETE", "KEEP"}))
+    keep("SYMFIL", upper(c2).c_str(), c1);
 }
 
 }
@@ -277,9 +260,7 @@ std::string png_file(cairo_surface_t *page) {
   bool transparent = media_format_setting("PNG", "TRANSPARENT") == "ON";
   RasterImage img = image_of_surface(page);
   if (transparent) {
-    Rgb b = back_rgb();
-    uint32_t bg = 0xFF000000u | (uint32_t(std::lround(b.r * 255)) << 16) | (uint32_t(std::lround(b.g * 255)) << 8) |
-                  uint32_t(std::lround(b.b * 255));
+    uint32_t bg = 0xFF000000u | back_rgb24();
     for (uint32_t &p : img.argb)
       if (p == bg) p = 0;
   }
@@ -290,10 +271,7 @@ std::string png_file(cairo_surface_t *page) {
 GifOptions gif_options() {
   GifOptions opt;
   opt.interlace = media_format_setting("GIF", "INTERLACE") == "ON";
-  if (media_format_setting("GIF", "TRANSPARENT") == "ON") {
-    Rgb b = back_rgb();
-    opt.transparent = (long(std::lround(b.r * 255)) << 16) | (long(std::lround(b.g * 255)) << 8) | std::lround(b.b * 255);
-  }
+  if (media_format_setting("GIF", "TRANSPARENT") == "ON") opt.transparent = back_rgb24();
   return opt;
 }
 

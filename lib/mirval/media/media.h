@@ -27,8 +27,9 @@ void place_image(std::shared_ptr<const RasterImage> img, double x0, double y0, d
                  bool smooth, bool behind = false, float alpha = 1);
 // The colour table entry nearest to a colour.
 int nearest_colour(unsigned r, unsigned g, unsigned b);
-// Checks a file name argument: not null and not empty.
-bool has_file(const char *routine, const char *name);
+// Checks a text argument: not null and not empty; otherwise warns "no WHAT given".
+bool given(const char *routine, const char *c, const char *what);
+bool has_file(const char *routine, const char *name);  // given(routine, name, "file name")
 // PDF outline entries of PDFMRK and the options of PDFMOD, added to a PDF surface.
 void pdf_extras(cairo_surface_t *surface);
 // The outline entries as they stand: is there anything to add.

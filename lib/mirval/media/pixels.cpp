@@ -262,11 +262,13 @@ int nearest_colour(unsigned r, unsigned g, unsigned b) {
   return best;
 }
 
-bool has_file(const char *routine, const char *name) {
-  if (name && *name) return true;
-  mv_warn(routine, "no file name given");
+bool given(const char *routine, const char *c, const char *what) {
+  if (c && *c) return true;
+  mv_warn(routine, "no %s given", what);
   return false;
 }
+
+bool has_file(const char *routine, const char *name) { return given(routine, name, "file name"); }
 
 void pdf_extras(cairo_surface_t *surface) {
   const MediaState &m = mirval_state().media;
