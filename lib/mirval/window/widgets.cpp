@@ -560,9 +560,11 @@ void make_top() {
   }
 }
 
-// A new widget record under parent `ip`; 0 (with a warning) when the parent is not a base.
-int add(const char *routine, int ip, WKind kind, bool menu_parent = false) {
+// A new widget record under parent `ip`; -1 (with a warning) when the parent cannot hold it:
+// menu entries go into pop-up menus, everything else into bases.
+int add(const char *routine, int ip, WKind kind) {
   WindowRuntime &r = wrt();
+  bool menu_parent = kind == WKind::App;
   if (!r.main) {
     mv_warn(routine, "WGINI must be called first");
     return -1;
@@ -584,8 +586,35 @@ int add(const char *routine, int ip, WKind kind, bool menu_parent = false) {
   return w.id;
 }
 
-void finish(int id) {
-  if (id > 0 && shown()) build(id);
+// Adds widget `kind` under `ip`, lets `set` fill its record and shows it while the panel is
+// on the screen; the new id, or -1.
+template <class Set>
+int make(const char *routine, int ip, WKind kind, Set set) {
+  int id = add(routine, ip, kind);
+  if (id < 0) return -1;
+  set(*wv_widget(id));
+  if (shown()) build(id);
+  return id;
+}
+
+void nothing(Widget &) {}
+
+// The text of an argument the script may leave out.
+const char *str(const char *c) { return c ? c : ""; }
+
+// WGINI and WGBAS: VERT, HORI or FORM.
+int layout_of(const char *routine, const char *c) {
+  int layout = same(c, "VERT") ? 0 : same(c, "HORI") ? 1 : same(c, "FORM") ? 2 : -1;
+  if (layout >= 0) return layout;
+  mv_warn(routine, "unknown layout %s (VERT, HORI or FORM): VERT is used", TSTR(c));
+  return 0;
+}
+
+// Pop-up menus hang from the main widget's menu bar.
+bool on_main(const char *routine, int ip) {
+  if (ip == wrt().main) return true;
+  mv_warn(routine, "pop-up menus belong to the main widget %d, not to %d", wrt().main, ip);
+  return false;
 }
 
 Widget *need(const char *routine, int id, std::initializer_list<WKind> kinds) {
@@ -676,11 +705,7 @@ extern "C" {
 int wgini(const char *c) {
   mv_tracef("wgini(%s)", TSTR(c));
   WindowRuntime &r = wrt();
-  int layout = same(c, "VERT") ? 0 : same(c, "HORI") ? 1 : same(c, "FORM") ? 2 : -1;
-  if (layout < 0) {
-    mv_warn("wgini", "unknown layout %s (VERT, HORI or FORM): VERT is used", TSTR(c));
-    layout = 0;
-  }
+  int layout = layout_of("wgini", c);
   if (r.in_loop) {
     mv_warn("wgini", "a panel is running (WGFIN): it is replaced only after it ends");
     return -1;
@@ -707,35 +732,21 @@ int wgini(const char *c) {
 
 int wgbas(int ip, const char *c) {
   mv_tracef("wgbas(%d, %s)", ip, TSTR(c));
-  int layout = same(c, "VERT") ? 0 : same(c, "HORI") ? 1 : same(c, "FORM") ? 2 : -1;
-  if (layout < 0) {
-    mv_warn("wgbas", "unknown layout %s (VERT, HORI or FORM): VERT is used", TSTR(c));
-    layout = 0;
-  }
-  int id = add("wgbas", ip, WKind::Base);
-  if (id < 0) return -1;
-  wv_widget(id)->layout = layout;
-  wrt().current_base = id;
-  finish(id);
-  return id;
+  int layout = layout_of("wgbas", c);
+  return make("wgbas", ip, WKind::Base, [&](Widget &w) {
+    w.layout = layout;
+    wrt().current_base = w.id;
+  });
 }
 
 int wglab(int ip, const char *c) {
   mv_tracef("wglab(%d, %s)", ip, TSTR(c));
-  int id = add("wglab", ip, WKind::Label);
-  if (id < 0) return -1;
-  wv_widget(id)->text = c ? c : "";
-  finish(id);
-  return id;
+  return make("wglab", ip, WKind::Label, [&](Widget &w) { w.text = str(c); });
 }
 
 int wgtxt(int ip, const char *c) {
   mv_tracef("wgtxt(%d, %s)", ip, TSTR(c));
-  int id = add("wgtxt", ip, WKind::Text);
-  if (id < 0) return -1;
-  wv_widget(id)->text = c ? c : "";
-  finish(id);
-  return id;
+  return make("wgtxt", ip, WKind::Text, [&](Widget &w) { w.text = str(c); });
 }
 
 int wgltxt(int ip, const char *clab, const char *ctext, int nwth) {
@@ -744,14 +755,11 @@ int wgltxt(int ip, const char *clab, const char *ctext, int nwth) {
     mv_warn("wgltxt", "width %d out of range 1..100 (percent): 50 is used", nwth);
     nwth = 50;
   }
-  int id = add("wgltxt", ip, WKind::LongText);
-  if (id < 0) return -1;
-  Widget *w = wv_widget(id);
-  w->label = clab ? clab : "";
-  w->text = ctext ? ctext : "";
-  w->ival = nwth;
-  finish(id);
-  return id;
+  return make("wgltxt", ip, WKind::LongText, [&](Widget &w) {
+    w.label = str(clab);
+    w.text = str(ctext);
+    w.ival = nwth;
+  });
 }
 
 int wgstxt(int ip, int nsize, int nmax) {
@@ -764,25 +772,19 @@ int wgstxt(int ip, int nsize, int nmax) {
     mv_warn("wgstxt", "line limit %d is negative: no limit", nmax);
     nmax = 0;
   }
-  int id = add("wgstxt", ip, WKind::STxt);
-  if (id < 0) return -1;
-  Widget *w = wv_widget(id);
-  w->rows = ws().iop_lines > 0 ? ws().iop_lines : nsize;
-  w->cols = nmax;
-  finish(id);
-  return id;
+  return make("wgstxt", ip, WKind::STxt, [&](Widget &w) {
+    w.rows = ws().iop_lines > 0 ? ws().iop_lines : nsize;
+    w.cols = nmax;
+  });
 }
 
 int wgfil(int ip, const char *clab, const char *cfile, const char *cmask) {
   mv_tracef("wgfil(%d, %s, %s, %s)", ip, TSTR(clab), TSTR(cfile), TSTR(cmask));
-  int id = add("wgfil", ip, WKind::File);
-  if (id < 0) return -1;
-  Widget *w = wv_widget(id);
-  w->label = clab ? clab : "";
-  w->text = cfile ? cfile : "";
-  w->mask = cmask ? cmask : "*";
-  finish(id);
-  return id;
+  return make("wgfil", ip, WKind::File, [&](Widget &w) {
+    w.label = str(clab);
+    w.text = str(cfile);
+    w.mask = cmask ? cmask : "*";
+  });
 }
 
 int wgbut(int ip, const char *c, int ival) {
@@ -791,40 +793,25 @@ int wgbut(int ip, const char *c, int ival) {
     mv_warn("wgbut", "state %d is not 0 or 1: 0 is used", ival);
     ival = 0;
   }
-  int id = add("wgbut", ip, WKind::Button);
-  if (id < 0) return -1;
-  Widget *w = wv_widget(id);
-  w->label = c ? c : "";
-  w->ival = ival;
-  finish(id);
-  return id;
+  return make("wgbut", ip, WKind::Button, [&](Widget &w) {
+    w.label = str(c);
+    w.ival = ival;
+  });
 }
 
 int wgpbut(int ip, const char *c) {
   mv_tracef("wgpbut(%d, %s)", ip, TSTR(c));
-  int id = add("wgpbut", ip, WKind::PButton);
-  if (id < 0) return -1;
-  wv_widget(id)->label = c ? c : "";
-  finish(id);
-  return id;
+  return make("wgpbut", ip, WKind::PButton, [&](Widget &w) { w.label = str(c); });
 }
 
 int wgok(int ip) {
   mv_tracef("wgok(%d)", ip);
-  int id = add("wgok", ip, WKind::Ok);
-  if (id < 0) return -1;
-  wv_widget(id)->label = "OK";
-  finish(id);
-  return id;
+  return make("wgok", ip, WKind::Ok, [](Widget &w) { w.label = "OK"; });
 }
 
 int wgquit(int ip) {
   mv_tracef("wgquit(%d)", ip);
-  int id = add("wgquit", ip, WKind::Quit);
-  if (id < 0) return -1;
-  wv_widget(id)->label = "Quit";
-  finish(id);
-  return id;
+  return make("wgquit", ip, WKind::Quit, [](Widget &w) { w.label = "Quit"; });
 }
 
 int wgcmd(int ip, const char *clab, const char *cmd) {
@@ -833,13 +820,10 @@ int wgcmd(int ip, const char *clab, const char *cmd) {
     mv_warn("wgcmd", "empty command");
     return -1;
   }
-  int id = add("wgcmd", ip, WKind::Cmd);
-  if (id < 0) return -1;
-  Widget *w = wv_widget(id);
-  w->label = clab ? clab : "";
-  w->text = cmd;
-  finish(id);
-  return id;
+  return make("wgcmd", ip, WKind::Cmd, [&](Widget &w) {
+    w.label = str(clab);
+    w.text = cmd;
+  });
 }
 
 static int list_widget(const char *routine, int ip, const char *clis, int isel, WKind kind) {
@@ -852,19 +836,16 @@ static int list_widget(const char *routine, int ip, const char *clis, int isel, 
     mv_warn(routine, "selected item %d out of range 1..%zu: 1 is used", isel, items.size());
     isel = 1;
   }
-  int id = add(routine, ip, kind);
-  if (id < 0) return -1;
-  Widget *w = wv_widget(id);
-  w->items = items;
-  w->ival = isel;
-  w->sel.assign(items.size(), 0);
-  if (isel > 0) w->sel[size_t(isel) - 1] = 1;
-  if (kind == WKind::List) {
-    w->rows = ws().multi ? 1 : 0;
-    w->cols = ws().list_scroll ? 1 : 0;
-  }
-  finish(id);
-  return id;
+  return make(routine, ip, kind, [&](Widget &w) {
+    w.items = items;
+    w.ival = isel;
+    w.sel.assign(items.size(), 0);
+    if (isel > 0) w.sel[size_t(isel) - 1] = 1;
+    if (kind == WKind::List) {
+      w.rows = ws().multi ? 1 : 0;
+      w.cols = ws().list_scroll ? 1 : 0;
+    }
+  });
 }
 
 int wglis(int ip, const char *clis, int isel) {
@@ -892,17 +873,14 @@ int wgscl(int ip, const char *clab, float xmin, float xmax, float xval, int ndez
     mv_warn("wgscl", "decimals %d out of range 0..10: 0 is used", ndez);
     ndez = 0;
   }
-  int id = add("wgscl", ip, WKind::Scale);
-  if (id < 0) return -1;
-  Widget *w = wv_widget(id);
-  w->label = clab ? clab : "";
-  w->fmin = xmin, w->fmax = xmax, w->fval = std::clamp<double>(xval, xmin, xmax);
-  w->ndig = ndez;
-  w->fstep = ws().step;
-  w->layout = ws().vscale ? 1 : 0;
-  w->cols = ws().scl_value ? 0 : 1;
-  finish(id);
-  return id;
+  return make("wgscl", ip, WKind::Scale, [&](Widget &w) {
+    w.label = str(clab);
+    w.fmin = xmin, w.fmax = xmax, w.fval = std::clamp<double>(xval, xmin, xmax);
+    w.ndig = ndez;
+    w.fstep = ws().step;
+    w.layout = ws().vscale ? 1 : 0;
+    w.cols = ws().scl_value ? 0 : 1;
+  });
 }
 
 int wgpbar(int ip, float xmin, float xmax, float xstp) {
@@ -911,12 +889,8 @@ int wgpbar(int ip, float xmin, float xmax, float xstp) {
     mv_warn("wgpbar", "range %g..%g or step %g is not usable", (double)xmin, (double)xmax, (double)xstp);
     return -1;
   }
-  int id = add("wgpbar", ip, WKind::PBar);
-  if (id < 0) return -1;
-  Widget *w = wv_widget(id);
-  w->fmin = xmin, w->fmax = xmax, w->fval = xmin, w->fstep = xstp;
-  finish(id);
-  return id;
+  return make("wgpbar", ip, WKind::PBar,
+              [&](Widget &w) { w.fmin = xmin, w.fmax = xmax, w.fval = xmin, w.fstep = xstp; });
 }
 
 int wgtbl(int ip, int nrows, int ncols) {
@@ -925,50 +899,32 @@ int wgtbl(int ip, int nrows, int ncols) {
     mv_warn("wgtbl", "table size %d x %d out of range (1..10000 rows, 1..100 columns)", nrows, ncols);
     return -1;
   }
-  int id = add("wgtbl", ip, WKind::Table);
-  if (id < 0) return -1;
-  Widget *w = wv_widget(id);
-  w->rows = nrows, w->cols = ncols;
-  w->cells.assign(size_t(nrows) * ncols, "");
-  w->ndig = ws().table_edit ? 0 : 1;
-  finish(id);
-  return id;
+  return make("wgtbl", ip, WKind::Table, [&](Widget &w) {
+    w.rows = nrows, w.cols = ncols;
+    w.cells.assign(size_t(nrows) * ncols, "");
+    w.ndig = ws().table_edit ? 0 : 1;
+  });
 }
 
 int wgsep(int ip) {
   mv_tracef("wgsep(%d)", ip);
-  int id = add("wgsep", ip, WKind::Sep);
-  finish(id);
-  return id;
+  return make("wgsep", ip, WKind::Sep, nothing);
 }
 
 int wgdraw(int ip) {
   mv_tracef("wgdraw(%d)", ip);
-  int id = add("wgdraw", ip, WKind::Draw);
-  finish(id);
-  return id;
+  return make("wgdraw", ip, WKind::Draw, nothing);
 }
 
 int wgpop(int ip, const char *c) {
   mv_tracef("wgpop(%d, %s)", ip, TSTR(c));
-  if (ip != wrt().main) {
-    mv_warn("wgpop", "pop-up menus belong to the main widget %d, not to %d", wrt().main, ip);
-    return -1;
-  }
-  int id = add("wgpop", ip, WKind::Pop);
-  if (id < 0) return -1;
-  wv_widget(id)->label = c ? c : "";
-  finish(id);
-  return id;
+  if (!on_main("wgpop", ip)) return -1;
+  return make("wgpop", ip, WKind::Pop, [&](Widget &w) { w.label = str(c); });
 }
 
 int wgapp(int ip, const char *c) {
   mv_tracef("wgapp(%d, %s)", ip, TSTR(c));
-  int id = add("wgapp", ip, WKind::App, true);
-  if (id < 0) return -1;
-  wv_widget(id)->label = c ? c : "";
-  finish(id);
-  return id;
+  return make("wgapp", ip, WKind::App, [&](Widget &w) { w.label = str(c); });
 }
 
 static bool image_ok(const char *routine, const unsigned char *iray, int nw, int nh) {
@@ -997,15 +953,11 @@ static GtkWidget *icon_of(const char *file, int nw, int nh) {
 }
 
 static int image_widget(const char *routine, WKind kind, const char *label, GtkWidget *img) {
-  int id = add(routine, wrt().current_base, kind);
-  if (id < 0) {
-    if (img) gtk_widget_destroy(img);
-    return -1;
-  }
-  Widget *w = wv_widget(id);
-  w->label = label ? label : "";
-  w->menu = img;
-  finish(id);
+  int id = make(routine, wrt().current_base, kind, [&](Widget &w) {
+    w.label = str(label);
+    w.menu = img;
+  });
+  if (id < 0 && img) gtk_widget_destroy(img);
   return id;
 }
 
@@ -1045,36 +997,23 @@ int wgpicon(const char *clab, int nw, int nh, const char *cfile) {
   return image_widget("wgpicon", WKind::PImage, clab, icon_of(cfile, nw, nh));
 }
 
+// WGPOPB and WGAPPB: a menu entry that shows an image instead of a label.
+static void image_entry(Widget &w, const unsigned char *iray, int nw, int nh) {
+  if (!shown()) return;
+  w.main = gtk_menu_item_new();
+  gtk_container_add(GTK_CONTAINER(w.main), image_of(iray, nw, nh));
+}
+
 int wgpopb(int ip, const unsigned char *iray, int nw, int nh) {
   mv_tracef("wgpopb(ip=%d, iray=[bytes], nw=%d, nh=%d)", ip, nw, nh);
-  if (!image_ok("wgpopb", iray, nw, nh)) return -1;
-  if (ip != wrt().main) {
-    mv_warn("wgpopb", "pop-up menus belong to the main widget %d, not to %d", wrt().main, ip);
-    return -1;
-  }
-  int id = add("wgpopb", ip, WKind::Pop);
-  if (id < 0) return -1;
-  if (shown()) {
-    GtkWidget *item = gtk_menu_item_new();
-    gtk_container_add(GTK_CONTAINER(item), image_of(iray, nw, nh));
-    wv_widget(id)->main = item;
-  }
-  finish(id);
-  return id;
+  if (!image_ok("wgpopb", iray, nw, nh) || !on_main("wgpopb", ip)) return -1;
+  return make("wgpopb", ip, WKind::Pop, [&](Widget &w) { image_entry(w, iray, nw, nh); });
 }
 
 int wgappb(int ip, const unsigned char *iray, int nw, int nh) {
   mv_tracef("wgappb(ip=%d, iray=[bytes], nw=%d, nh=%d)", ip, nw, nh);
   if (!image_ok("wgappb", iray, nw, nh)) return -1;
-  int id = add("wgappb", ip, WKind::App, true);
-  if (id < 0) return -1;
-  if (shown()) {
-    GtkWidget *item = gtk_menu_item_new();
-    gtk_container_add(GTK_CONTAINER(item), image_of(iray, nw, nh));
-    wv_widget(id)->main = item;
-  }
-  finish(id);
-  return id;
+  return make("wgappb", ip, WKind::App, [&](Widget &w) { image_entry(w, iray, nw, nh); });
 }
 
 void wgfin(void) {
