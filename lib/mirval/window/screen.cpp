@@ -423,6 +423,22 @@ bool wait_any(int id) {
 
 int showing = 0;  // the screen the open page goes to; 0: a file
 
+// NXPIXL, NYPIXL: a plot coordinate in pixels of the selected window, or of the picture's
+// raster size while no window shows it.
+int to_pixel(int c, bool vertical) {
+  int w, h;
+  ScreenWin *s = current();
+  if (s && s->area) {
+    wv_area_size(*s, w, h);
+    View v = wv_view(*s, w, h);
+    return int(std::floor(c * v.scale + (vertical ? v.dy : v.dx)));
+  }
+  raster_size(w, h);
+  const PageState &pg = mirval_state().page;
+  double k = std::min(double(w) / pg.width, double(h) / pg.height);
+  return int(std::floor(c * k + (vertical ? (h - pg.height * k) / 2 : (w - pg.width * k) / 2)));
+}
+
 // At the end of the program: the windows go, and Pango lets go of its Cairo fonts, so that
 // the library's own clean-up of Cairo's font caches finds them unused.
 void release_gtk() {
@@ -924,32 +940,12 @@ void setxid(int n, const char *c) {
 
 int nxpixl(int ix, int iy) {
   mv_tracef("nxpixl(%d, %d)", ix, iy);
-  int w, h;
-  ScreenWin *s = current();
-  if (s && s->area) {
-    wv_area_size(*s, w, h);
-    View v = wv_view(*s, w, h);
-    return int(std::floor(ix * v.scale + v.dx));
-  }
-  raster_size(w, h);
-  const PageState &pg = mirval_state().page;
-  double k = std::min(double(w) / pg.width, double(h) / pg.height);
-  return int(std::floor(ix * k + (w - pg.width * k) / 2));
+  return to_pixel(ix, false);
 }
 
 int nypixl(int ix, int iy) {
   mv_tracef("nypixl(%d, %d)", ix, iy);
-  int w, h;
-  ScreenWin *s = current();
-  if (s && s->area) {
-    wv_area_size(*s, w, h);
-    View v = wv_view(*s, w, h);
-    return int(std::floor(iy * v.scale + v.dy));
-  }
-  raster_size(w, h);
-  const PageState &pg = mirval_state().page;
-  double k = std::min(double(w) / pg.width, double(h) / pg.height);
-  return int(std::floor(iy * k + (h - pg.height * k) / 2));
+  return to_pixel(iy, true);
 }
 
 void revscr(void) {
