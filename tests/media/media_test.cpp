@@ -164,6 +164,40 @@ TEST_F(Media, SettersAndGetters) {
   EXPECT_EQ(getwid(), 3);
 }
 
+TEST_F(Media, ResetPutsEachGroupOfSettingsBack) {
+  texmod("ON");
+  texopt("DISPLAY", "STYLE");
+  texval(0.5, "SCRIPT");
+  newmix();
+  setmix("@", "SUB");
+  eushft("GERMAN", "!");
+  chaang(20);
+  linesp(3);
+  frmess(2);
+  tiforg(5, 6);
+  tifwin(1, 2, 3, 4);
+  filclr("BW");
+  filopt("OFF", "ASPECT");
+  timopt();
+  const MediaState fresh, &m = mirval_state().media;
+  EXPECT_TRUE(m.tex && m.mix && m.sub == '@' && m.slant == 20 && m.frame == 2 && m.tifwin[3] == 4 && m.timing);
+  for (const char *name : {"TEXMOD", "MIXALF", "CHAANG", "TIFWIN", "TIMOPT"}) reset(name);
+  EXPECT_EQ(m.tex, fresh.tex);
+  EXPECT_EQ(m.tex_style, fresh.tex_style);
+  EXPECT_EQ(m.tex_scale, fresh.tex_scale);
+  EXPECT_EQ(m.mix, fresh.mix);
+  EXPECT_EQ(m.sub, fresh.sub);
+  EXPECT_TRUE(m.nation.empty());
+  EXPECT_EQ(m.slant, fresh.slant);
+  EXPECT_EQ(m.line_spacing, fresh.line_spacing);
+  EXPECT_EQ(m.frame, fresh.frame);
+  EXPECT_EQ(m.tiforg_y, fresh.tiforg_y);
+  for (int k = 0; k < 4; ++k) EXPECT_EQ(m.tifwin[k], fresh.tifwin[k]);
+  EXPECT_EQ(m.fil_clr, fresh.fil_clr);
+  EXPECT_TRUE(m.fil_opt.empty());
+  EXPECT_FALSE(m.timing);
+}
+
 TEST_F(Media, UtfRoundTrip) {
   int codes[16], n = 0;
   utfint("A\xC3\xA4\xE2\x82\xAC", codes, 16, &n);

@@ -81,9 +81,7 @@ void keyed(const char *routine, const char *format, const char *value, const cha
 }  // namespace
 
 void media_reset_formats(MirvalState &st) {
-  st.media.formats.clear();
-  st.media.bookmarks.clear();
-  st.media.timing = false;
+  renew(st.media, &MediaState::formats, &MediaState::bookmarks, &MediaState::timing);
 }
 
 extern "C" {

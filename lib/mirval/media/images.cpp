@@ -116,22 +116,9 @@ void recolour(RasterImage &img, const std::string &mode) {
 }  // namespace
 
 void media_reset_images(MirvalState &st) {
-  MediaState fresh;
-  MediaState &m = st.media;
-  m.tiforg_x = fresh.tiforg_x;
-  m.tiforg_y = fresh.tiforg_y;
-  std::copy(fresh.tifwin, fresh.tifwin + 4, m.tifwin);
-  m.img_w = fresh.img_w;
-  m.img_h = fresh.img_h;
-  std::copy(fresh.img_box, fresh.img_box + 4, m.img_box);
-  std::copy(fresh.img_clip, fresh.img_clip + 4, m.img_clip);
-  m.img_fmt = fresh.img_fmt;
-  m.img_mode = fresh.img_mode;
-  m.img_tpr = fresh.img_tpr;
-  std::copy(fresh.fil_box, fresh.fil_box + 4, m.fil_box);
-  std::copy(fresh.fil_win, fresh.fil_win + 4, m.fil_win);
-  m.fil_clr = fresh.fil_clr;
-  m.fil_opt.clear();
+  renew(st.media, &MediaState::tiforg_x, &MediaState::tiforg_y, &MediaState::tifwin, &MediaState::img_w,
+        &MediaState::img_h, &MediaState::img_box, &MediaState::img_clip, &MediaState::img_fmt, &MediaState::img_mode,
+        &MediaState::img_tpr, &MediaState::fil_box, &MediaState::fil_win, &MediaState::fil_clr, &MediaState::fil_opt);
 }
 
 extern "C" {

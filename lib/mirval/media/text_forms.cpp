@@ -20,6 +20,25 @@ bool finite_in(const char *routine, const char *what, double x, double lo, doubl
   return false;
 }
 
+// The routines that set one number of the character form: the value, or one warning.
+void set_number(const char *routine, const char *what, float x, double lo, double hi, double MediaState::*field) {
+  mv_tracef("%s(%g)", routine, (double)x);
+  if (finite_in(routine, what, x, lo, hi)) mirval_state().media.*field = x;
+}
+
+void set_entry(const char *routine, const char *what, int n, int lo, int hi, int MediaState::*field) {
+  mv_tracef("%s(%d)", routine, n);
+  if (n < lo || n > hi) mv_warn(routine, "%s %d lies outside %d..%d", what, n, lo, hi);
+  else mirval_state().media.*field = n;
+}
+
+// HWFONT and GOTHIC: stroke set k, when its font files are there.
+void set_strokes(const char *routine, int k) {
+  mv_tracef("%s()", routine);
+  if (!hershey_available(k)) mv_warn(routine, "the stroke font files are missing: outline fonts stay");
+  else mirval_state().media.stroke_font = k;
+}
+
 bool on_off(const char *routine, const char *c, bool &flag) {
   if (same(c, "ON")) flag = true;
   else if (same(c, "OFF")) flag = false;
@@ -52,43 +71,19 @@ thread_local std::string result;  // text results of the getters stay valid unti
 }  // namespace
 
 void media_reset_tex(MirvalState &st) {
-  MediaState fresh;
-  MediaState &m = st.media;
-  m.tex = fresh.tex;
-  m.tex_style = fresh.tex_style;
-  m.tex_italic = fresh.tex_italic;
-  m.tex_scale = fresh.tex_scale;
-  m.tex_raise = fresh.tex_raise;
-  m.tex_lower = fresh.tex_lower;
+  renew(st.media, &MediaState::tex, &MediaState::tex_style, &MediaState::tex_italic, &MediaState::tex_scale,
+        &MediaState::tex_raise, &MediaState::tex_lower);
 }
 
 void media_reset_mix(MirvalState &st) {
-  MediaState fresh;
-  MediaState &m = st.media;
-  m.mix = fresh.mix;
-  m.mix_legend = fresh.mix_legend;
-  m.base = fresh.base;
-  m.sup = fresh.sup;
-  m.sub = fresh.sub;
-  m.res = fresh.res;
-  m.shifts = fresh.shifts;
-  m.nation.clear();
+  renew(st.media, &MediaState::mix, &MediaState::mix_legend, &MediaState::base, &MediaState::sup, &MediaState::sub,
+        &MediaState::res, &MediaState::shifts, &MediaState::nation);
 }
 
 void media_reset_chars(MirvalState &st) {
-  MediaState fresh;
-  MediaState &m = st.media;
-  m.slant = fresh.slant;
-  m.stretch = fresh.stretch;
-  m.spacing = fresh.spacing;
-  m.fixed = fresh.fixed;
-  m.line_spacing = fresh.line_spacing;
-  m.text_bg = fresh.text_bg;
-  m.frame = fresh.frame;
-  m.codes = fresh.codes;
-  m.stroke_font = fresh.stroke_font;
-  m.unit = fresh.unit;
-  m.units = fresh.units;
+  renew(st.media, &MediaState::slant, &MediaState::stretch, &MediaState::spacing, &MediaState::fixed,
+        &MediaState::line_spacing, &MediaState::text_bg, &MediaState::frame, &MediaState::codes,
+        &MediaState::stroke_font, &MediaState::unit, &MediaState::units);
 }
 
 extern "C" {
@@ -229,54 +224,16 @@ const char *gmxalf(const char *copt, char *c1, char *c2) {
   return result.c_str();
 }
 
-void hwfont(void) {
-  mv_tracef("hwfont()");
-  if (!hershey_available(1)) mv_warn("hwfont", "the stroke font files are missing: outline fonts stay");
-  else mirval_state().media.stroke_font = 1;
-}
+void hwfont(void) { set_strokes("hwfont", 1); }
+void gothic(void) { set_strokes("gothic", 2); }
 
-void gothic(void) {
-  mv_tracef("gothic()");
-  if (!hershey_available(2)) mv_warn("gothic", "the stroke font files are missing: outline fonts stay");
-  else mirval_state().media.stroke_font = 2;
-}
-
-void chaang(float x) {
-  mv_tracef("chaang(%g)", (double)x);
-  if (finite_in("chaang", "angle", x, -60, 60)) mirval_state().media.slant = x;
-}
-
-void chawth(float x) {
-  mv_tracef("chawth(%g)", (double)x);
-  if (finite_in("chawth", "width factor", x, 0.1, 10)) mirval_state().media.stretch = x;
-}
-
-void chaspc(float x) {
-  mv_tracef("chaspc(%g)", (double)x);
-  if (finite_in("chaspc", "spacing", x, -1, 10)) mirval_state().media.spacing = x;
-}
-
-void fixspc(float x) {
-  mv_tracef("fixspc(%g)", (double)x);
-  if (finite_in("fixspc", "advance", x, 0, 10)) mirval_state().media.fixed = x;
-}
-
-void linesp(float x) {
-  mv_tracef("linesp(%g)", (double)x);
-  if (finite_in("linesp", "line spacing", x, 0.5, 10)) mirval_state().media.line_spacing = x;
-}
-
-void txtbgd(int n) {
-  mv_tracef("txtbgd(%d)", n);
-  if (n < -1 || n > 255) mv_warn("txtbgd", "colour %d lies outside -1..255", n);
-  else mirval_state().media.text_bg = n;
-}
-
-void frmess(int n) {
-  mv_tracef("frmess(%d)", n);
-  if (n < 0 || n > 100) mv_warn("frmess", "frame %d lies outside 0..100", n);
-  else mirval_state().media.frame = n;
-}
+void chaang(float x) { set_number("chaang", "angle", x, -60, 60, &MediaState::slant); }
+void chawth(float x) { set_number("chawth", "width factor", x, 0.1, 10, &MediaState::stretch); }
+void chaspc(float x) { set_number("chaspc", "spacing", x, -1, 10, &MediaState::spacing); }
+void fixspc(float x) { set_number("fixspc", "advance", x, 0, 10, &MediaState::fixed); }
+void linesp(float x) { set_number("linesp", "line spacing", x, 0.5, 10, &MediaState::line_spacing); }
+void txtbgd(int n) { set_entry("txtbgd", "colour", n, -1, 255, &MediaState::text_bg); }
+void frmess(int n) { set_entry("frmess", "frame", n, 0, 100, &MediaState::frame); }
 
 void chacod(const char *c) {
   mv_tracef("chacod(%s)", mv_tstr(c).c_str());
