@@ -120,6 +120,8 @@ void wv_to_plot(const ScreenWin &s, double px, double py, double &x, double &y);
 void wv_area_size(const ScreenWin &s, int &w, int &h);
 // Plot coordinates -> the script's cursor units (CSRUNI).
 void wv_units(double x, double y, int &ix, int &iy);
+// Key code handed to the script: the character, Return 13, Escape 27, otherwise GDK's value.
+int wv_key_code(guint keyval);
 void wv_redraw(ScreenWin &s);
 // Connects the input events of a drawing area (screen windows, WGDRAW widgets).
 void wv_connect_area(GtkWidget *area, int screen_id);

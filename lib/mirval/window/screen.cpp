@@ -150,16 +150,6 @@ gboolean on_draw(GtkWidget *area, cairo_t *cr, gpointer) {
   return TRUE;
 }
 
-// Key code handed to the script: the character, Return 13, Escape 27, otherwise GDK's value.
-int key_code(guint keyval) {
-  if (keyval == GDK_KEY_Return || keyval == GDK_KEY_KP_Enter) return 13;
-  if (keyval == GDK_KEY_Escape) return 27;
-  if (keyval == GDK_KEY_BackSpace) return 8;
-  if (keyval == GDK_KEY_Tab) return 9;
-  guint32 u = gdk_keyval_to_unicode(keyval);
-  return u ? int(u) : int(keyval);
-}
-
 bool key_ends_wait(int code) {
   int want = mirval_state().window.winkey;
   return want == 0 || want == code || (want < 128 && code < 128 && std::toupper(want) == std::toupper(code));
@@ -172,7 +162,7 @@ gboolean on_key(GtkWidget *w, GdkEventKey *ev, gpointer data) {
   if (it == r.screens.end()) return FALSE;
   ScreenWin &s = it->second;
   if (s.widget > 0) return FALSE;  // drawing areas of a panel: their own key callbacks
-  int code = key_code(ev->keyval);
+  int code = wv_key_code(ev->keyval);
   bool asked = r.ask.kind != Ask::Idle && !r.ask.done && r.ask_screen == id;
   if (asked && (r.ask.kind == Ask::Key || (r.ask.kind == Ask::Point && r.ask.nmax == 1))) {
     r.ask.key = code;
@@ -556,6 +546,15 @@ void wv_units(double x, double y, int &ix, int &iy) {
   } else if (st.page.bottom) {
     iy = st.page.height - iy;
   }
+}
+
+int wv_key_code(guint keyval) {
+  if (keyval == GDK_KEY_Return || keyval == GDK_KEY_KP_Enter) return 13;
+  if (keyval == GDK_KEY_Escape) return 27;
+  if (keyval == GDK_KEY_BackSpace) return 8;
+  if (keyval == GDK_KEY_Tab) return 9;
+  guint32 u = gdk_keyval_to_unicode(keyval);
+  return u ? int(u) : int(keyval);
 }
 
 void wv_redraw(ScreenWin &s) {

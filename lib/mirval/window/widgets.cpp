@@ -69,15 +69,6 @@ void css(GtkWidget *w, const std::string &rule) {
   g_object_unref(prov);
 }
 
-int key_code(guint keyval) {
-  if (keyval == GDK_KEY_Return || keyval == GDK_KEY_KP_Enter) return 13;
-  if (keyval == GDK_KEY_Escape) return 27;
-  if (keyval == GDK_KEY_BackSpace) return 8;
-  if (keyval == GDK_KEY_Tab) return 9;
-  guint32 u = gdk_keyval_to_unicode(keyval);
-  return u ? int(u) : int(keyval);
-}
-
 // Reads the value the user set from the GTK widget into the record.
 void sync(Widget &w) {
   if (!w.main) return;
@@ -171,7 +162,7 @@ gboolean on_key(GtkWidget *, GdkEventKey *ev, gpointer data) {
   Widget *w = wv_widget(id);
   if (!w || !w->cbk || wrt().quiet) return FALSE;
   MvWidgetKeyCb cb = w->cbk;
-  cb(id, key_code(ev->keyval));
+  cb(id, wv_key_code(ev->keyval));
   return FALSE;
 }
 
