@@ -16,9 +16,10 @@
 
 namespace {
 
-// Reads an image and puts it on the page with its upper left corner at TIFORG, one image
-// pixel to one pixel of the raster page.
+// RPNG ... RIMAGE: reads an image and puts it on the page with its upper left corner at
+// TIFORG, one image pixel to one pixel of the raster page.
 void read_onto_page(const char *routine, const char *name, FileKind want) {
+  mv_tracef("%s(%s)", routine, mv_tstr(name).c_str());
   if (!mv_level(routine, 1, 3) || !has_file(routine, name)) return;
   FileKind k = file_kind(name);
   if (want != FileKind::Other && k != want && k != FileKind::Missing) {
@@ -88,16 +89,26 @@ void write_page(const char *routine, const char *name, FileKind kind) {
   if (!write_image(name, kind, img, err)) mv_warn(routine, "cannot write %s: %s", name, err.c_str());
 }
 
-void set_box(const char *routine, int *box, int n1, int n2, int n3, int n4) {
+bool near_page(const char *routine, int n1, int n2) {
+  if (std::abs(n1) <= 100000 && std::abs(n2) <= 100000) return true;
+  mv_warn(routine, "position %d, %d lies far outside the page", n1, n2);
+  return false;
+}
+
+// TIFWIN, FILBOX and FILWIN: a box, or 0 size for all; a window of pixels starts at 0, 0.
+void set_box(const char *routine, int *box, bool window, int n1, int n2, int n3, int n4) {
+  mv_tracef("%s(%d, %d, %d, %d)", routine, n1, n2, n3, n4);
+  if (window && (n1 < 0 || n2 < 0)) {
+    mv_warn(routine, "the window starts at %d, %d: pixels count from 0", n1, n2);
+    return;
+  }
   if (n3 == 0 && n4 == 0) {
     box[0] = n1, box[1] = n2, box[2] = 0, box[3] = 0;
     return;
   }
-  if (!in_range(routine, "width", n3, 1, 100000) || !in_range(routine, "height", n4, 1, 100000)) return;
-  if (!std::isfinite(double(n1)) || std::abs(n1) > 100000 || std::abs(n2) > 100000) {
-    mv_warn(routine, "position %d, %d lies far outside the page", n1, n2);
+  if (!in_range(routine, "width", n3, 1, 100000) || !in_range(routine, "height", n4, 1, 100000) ||
+      !near_page(routine, n1, n2))
     return;
-  }
   box[0] = n1, box[1] = n2, box[2] = n3, box[3] = n4;
 }
 
@@ -123,35 +134,12 @@ void media_reset_images(MirvalState &st) {
 
 extern "C" {
 
-void rpng(const char *c) {
-  mv_tracef("rpng(%s)", mv_tstr(c).c_str());
-  read_onto_page("rpng", c, FileKind::PNG);
-}
-
-void rppm(const char *c) {
-  mv_tracef("rppm(%s)", mv_tstr(c).c_str());
-  read_onto_page("rppm", c, FileKind::PPM);
-}
-
-void rtiff(const char *c) {
-  mv_tracef("rtiff(%s)", mv_tstr(c).c_str());
-  read_onto_page("rtiff", c, FileKind::TIFF);
-}
-
-void rgif(const char *c) {
-  mv_tracef("rgif(%s)", mv_tstr(c).c_str());
-  read_onto_page("rgif", c, FileKind::GIF);
-}
-
-void rbmp(const char *c) {
-  mv_tracef("rbmp(%s)", mv_tstr(c).c_str());
-  read_onto_page("rbmp", c, FileKind::BMP);
-}
-
-void rimage(const char *c) {
-  mv_tracef("rimage(%s)", mv_tstr(c).c_str());
-  read_onto_page("rimage", c, FileKind::Other);
-}
+void rpng(const char *c) { read_onto_page("rpng", c, FileKind::PNG); }
+void rppm(const char *c) { read_onto_page("rppm", c, FileKind::PPM); }
+void rtiff(const char *c) { read_onto_page("rtiff", c, FileKind::TIFF); }
+void rgif(const char *c) { read_onto_page("rgif", c, FileKind::GIF); }
+void rbmp(const char *c) { read_onto_page("rbmp", c, FileKind::BMP); }
+void rimage(const char *c) { read_onto_page("rimage", c, FileKind::Other); }
 
 void wimage(const char *c) {
   mv_tracef("wimage(%s)", mv_tstr(c).c_str());
@@ -175,22 +163,12 @@ void expimg(const char *c1, const char *c2) {
 
 void tiforg(int n1, int n2) {
   mv_tracef("tiforg(%d, %d)", n1, n2);
-  if (std::abs(n1) > 100000 || std::abs(n2) > 100000) {
-    mv_warn("tiforg", "position %d, %d lies far outside the page", n1, n2);
-    return;
-  }
+  if (!near_page("tiforg", n1, n2)) return;
   mirval_state().media.tiforg_x = n1;
   mirval_state().media.tiforg_y = n2;
 }
 
-void tifwin(int n1, int n2, int n3, int n4) {
-  mv_tracef("tifwin(%d, %d, %d, %d)", n1, n2, n3, n4);
-  if (n1 < 0 || n2 < 0) {
-    mv_warn("tifwin", "the window starts at %d, %d: pixels count from 0", n1, n2);
-    return;
-  }
-  set_box("tifwin", mirval_state().media.tifwin, n1, n2, n3, n4);
-}
+void tifwin(int n1, int n2, int n3, int n4) { set_box("tifwin", mirval_state().media.tifwin, true, n1, n2, n3, n4); }
 
 void grfimg(const char *c) {
   mv_tracef("grfimg(%s)", mv_tstr(c).c_str());
@@ -244,19 +222,8 @@ void txture(int *itmat, int nx, int ny) {
     }
 }
 
-void filbox(int n1, int n2, int n3, int n4) {
-  mv_tracef("filbox(%d, %d, %d, %d)", n1, n2, n3, n4);
-  set_box("filbox", mirval_state().media.fil_box, n1, n2, n3, n4);
-}
-
-void filwin(int n1, int n2, int n3, int n4) {
-  mv_tracef("filwin(%d, %d, %d, %d)", n1, n2, n3, n4);
-  if (n1 < 0 || n2 < 0) {
-    mv_warn("filwin", "the window starts at %d, %d: pixels count from 0", n1, n2);
-    return;
-  }
-  set_box("filwin", mirval_state().media.fil_win, n1, n2, n3, n4);
-}
+void filbox(int n1, int n2, int n3, int n4) { set_box("filbox", mirval_state().media.fil_box, false, n1, n2, n3, n4); }
+void filwin(int n1, int n2, int n3, int n4) { set_box("filwin", mirval_state().media.fil_win, true, n1, n2, n3, n4); }
 
 void filclr(const char *c) {
   mv_tracef("filclr(%s)", mv_tstr(c).c_str());
