@@ -238,3 +238,9 @@ void forget_stored(int first) {
   }
   if (running == 0) purge();
 }
+
+void reset_replay() {
+  running = 0;
+  g_stmt_exprs = nullptr;
+  purge();
+}

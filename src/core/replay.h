@@ -7,3 +7,7 @@
 void exec_stored(int k);
 // The buffer releases its statements from `first` up to nstrec.
 void forget_stored(int first);
+// A fresh start after a run that was left from inside a replayed statement (a program that
+// runs scripts one after another and jumps out of one that ends the program): nothing is
+// running any more, so what was released can go.
+void reset_replay();

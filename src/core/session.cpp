@@ -5,6 +5,7 @@
 #include "core/datafile.h"
 #include "core/interactive.h"
 #include "core/reader.h"
+#include "core/replay.h"
 #include "core/statement.h"
 #include "lang/parser.h"
 #include "lang/value.h"
@@ -35,6 +36,7 @@ void reset_interp() {
   free_stack(0);
   for (int i = 0; i < MAXVAR; ++i)
     if (varlist[i].type != T_FREE) free_var(i);
+  reset_replay();
   release_stmts(0);
   init_lab();
   reset_blocks();
