@@ -186,11 +186,7 @@ void setcsr(const char *c) {
   const char *name = same(c, "ARROW") ? "default" : same(c, "CROSS") ? "crosshair" : same(c, "WAIT") ? "wait" : nullptr;
   if (!name) return mv_warn("setcsr", "unknown cursor %s (ARROW, CROSS or WAIT)", TSTR(c));
   mirval_state().window.setcsr = upper(c);
-  ScreenWin *s = nullptr;
-  WindowRuntime &r = wrt();
-  auto it = r.screens.find(r.cur);
-  if (it != r.screens.end()) s = &it->second;
-  if (s) {
+  if (ScreenWin *s = wv_current()) {
     set_cursor(*s, name);
     wv_pump();
   }

@@ -111,6 +111,8 @@ void wv_pump();
 // Runs events until `done` turns true or no window is left to wait on.
 void wv_wait(const bool &done);
 Widget *wv_widget(int id);
+// The selected screen window, or null.
+ScreenWin *wv_current();
 // The screen window that input routines talk to, or null with a warning for `routine`.
 ScreenWin *wv_screen(const char *routine);
 // The view that fits the screen's page, or its zoomed part, into w x h pixels.

@@ -36,10 +36,30 @@ ScreenWin *screen_of_area(GtkWidget *area) {
   return nullptr;
 }
 
-ScreenWin *current() {
-  WindowRuntime &r = wrt();
-  auto it = r.screens.find(r.cur);
-  return it == r.screens.end() ? nullptr : &it->second;
+// Screen window `id`, or null once it is gone.
+ScreenWin *screen(int id) {
+  auto it = wrt().screens.find(id);
+  return it == wrt().screens.end() ? nullptr : &it->second;
+}
+
+// Whether window `id` waits for input; `pointer`: for input the pointer gives (a wait for any
+// key or click takes the click at the release).
+bool asking(int id, bool pointer) {
+  const Ask &a = wrt().ask;
+  return a.kind != Ask::Idle && !(pointer && a.kind == Ask::Any) && !a.done && wrt().ask_screen == id;
+}
+
+// What an input event finds: the window it came to (null once it is gone) and whether that
+// window waits for the input.
+struct Event {
+  int id;
+  ScreenWin *s;
+  bool asked;
+};
+
+Event event_of(gpointer data, bool pointer) {
+  int id = GPOINTER_TO_INT(data);
+  return {id, screen(id), asking(id, pointer)};
 }
 
 int free_name(std::string &name, const char *ext) {
@@ -62,14 +82,29 @@ bool save_bytes(const std::string &name, const std::string &bytes) {
   return std::fclose(fp) == 0 && ok;
 }
 
+// The part of the page a window shows: all of it, or the zoomed rectangle.
+void shown_part(const ScreenWin &s, double &x0, double &y0, double &x1, double &y1) {
+  x0 = s.zoomed ? s.zx0 : 0;
+  y0 = s.zoomed ? s.zy0 : 0;
+  x1 = s.zoomed ? s.zx1 : s.pw;
+  y1 = s.zoomed ? s.zy1 : s.ph;
+}
+
+// REVSCR: the picture in reverse colours.
+void reverse(cairo_t *cr) {
+  cairo_set_operator(cr, CAIRO_OPERATOR_DIFFERENCE);
+  cairo_set_source_rgb(cr, 1, 1, 1);
+  cairo_paint(cr);
+}
+
 // Writes the picture shown, zoom included: PNG at the window's size, PDF at the page's scale.
 void write_shown(ScreenWin &s, bool pdf) {
   int w, h;
   wv_area_size(s, w, h);
   std::string name, bytes;
   free_name(name, pdf ? "pdf" : "png");
-  double x0 = s.zoomed ? s.zx0 : 0, y0 = s.zoomed ? s.zy0 : 0;
-  double x1 = s.zoomed ? s.zx1 : s.pw, y1 = s.zoomed ? s.zy1 : s.ph;
+  double x0, y0, x1, y1;
+  shown_part(s, x0, y0, x1, y1);
   cairo_surface_t *surf;
   View v;
   if (pdf) {
@@ -87,11 +122,7 @@ void write_shown(ScreenWin &s, bool pdf) {
   }
   cairo_t *cr = cairo_create(surf);
   render_page(cr, s.page, v);
-  if (s.reverse) {
-    cairo_set_operator(cr, CAIRO_OPERATOR_DIFFERENCE);
-    cairo_set_source_rgb(cr, 1, 1, 1);
-    cairo_paint(cr);
-  }
+  if (s.reverse) reverse(cr);
   cairo_destroy(cr);
   if (pdf) cairo_surface_finish(surf);
   else cairo_surface_write_to_png_stream(surf, append, &bytes);
@@ -142,11 +173,7 @@ gboolean on_draw(GtkWidget *area, cairo_t *cr, gpointer) {
     cairo_rectangle(cr, x0 + 0.5, y0 + 0.5, std::fabs(s->bx - s->ax), std::fabs(s->by - s->ay));
     cairo_stroke(cr);
   }
-  if (s->reverse) {
-    cairo_set_operator(cr, CAIRO_OPERATOR_DIFFERENCE);
-    cairo_set_source_rgb(cr, 1, 1, 1);
-    cairo_paint(cr);
-  }
+  if (s->reverse) reverse(cr);
   return TRUE;
 }
 
@@ -156,14 +183,10 @@ bool key_ends_wait(int code) {
 }
 
 gboolean on_key(GtkWidget *w, GdkEventKey *ev, gpointer data) {
+  auto [id, s, asked] = event_of(data, false);
+  if (!s || s->widget > 0) return FALSE;  // drawing areas of a panel: their own key callbacks
   WindowRuntime &r = wrt();
-  int id = GPOINTER_TO_INT(data);
-  auto it = r.screens.find(id);
-  if (it == r.screens.end()) return FALSE;
-  ScreenWin &s = it->second;
-  if (s.widget > 0) return FALSE;  // drawing areas of a panel: their own key callbacks
   int code = wv_key_code(ev->keyval);
-  bool asked = r.ask.kind != Ask::Idle && !r.ask.done && r.ask_screen == id;
   if (asked && (r.ask.kind == Ask::Key || (r.ask.kind == Ask::Point && r.ask.nmax == 1))) {
     r.ask.key = code;
     r.ask.done = true;
@@ -174,12 +197,12 @@ gboolean on_key(GtkWidget *w, GdkEventKey *ev, gpointer data) {
     return TRUE;
   }
   if (code == 'p' || code == 'P') {
-    write_shown(s, false);
+    write_shown(*s, false);
   } else if (code == 'd' || code == 'D') {
-    write_shown(s, true);
+    write_shown(*s, true);
   } else if (code == 'u' || code == 'U') {
-    s.zoomed = false;
-    gtk_widget_queue_draw(s.area);
+    s->zoomed = false;
+    gtk_widget_queue_draw(s->area);
   } else if (asked && r.ask.kind == Ask::Any && key_ends_wait(code)) {
     r.ask.key = code;
     r.ask.done = true;
@@ -189,12 +212,9 @@ gboolean on_key(GtkWidget *w, GdkEventKey *ev, gpointer data) {
 }
 
 gboolean on_press(GtkWidget *, GdkEventButton *ev, gpointer data) {
+  auto [id, s, asked] = event_of(data, true);
+  if (!s || ev->type != GDK_BUTTON_PRESS) return FALSE;
   WindowRuntime &r = wrt();
-  int id = GPOINTER_TO_INT(data);
-  auto it = r.screens.find(id);
-  if (it == r.screens.end() || ev->type != GDK_BUTTON_PRESS) return FALSE;
-  ScreenWin &s = it->second;
-  bool asked = r.ask.kind != Ask::Idle && r.ask.kind != Ask::Any && !r.ask.done && r.ask_screen == id;
   if (asked) {
     Ask &a = r.ask;
     a.x = ev->x;
@@ -214,23 +234,20 @@ gboolean on_press(GtkWidget *, GdkEventButton *ev, gpointer data) {
       a.pts.assign(1, {ev->x, ev->y});
       a.done = true;
     }
-    gtk_widget_queue_draw(s.area);
+    gtk_widget_queue_draw(s->area);
     return TRUE;
   }
-  if (s.widget > 0) return FALSE;
-  s.dragging = ev->button == 1;
-  s.ax = s.bx = ev->x;
-  s.ay = s.by = ev->y;
+  if (s->widget > 0) return FALSE;
+  s->dragging = ev->button == 1;
+  s->ax = s->bx = ev->x;
+  s->ay = s->by = ev->y;
   return TRUE;
 }
 
 gboolean on_motion(GtkWidget *, GdkEventMotion *ev, gpointer data) {
+  auto [id, s, asked] = event_of(data, true);
+  if (!s) return FALSE;
   WindowRuntime &r = wrt();
-  int id = GPOINTER_TO_INT(data);
-  auto it = r.screens.find(id);
-  if (it == r.screens.end()) return FALSE;
-  ScreenWin &s = it->second;
-  bool asked = r.ask.kind != Ask::Idle && r.ask.kind != Ask::Any && !r.ask.done && r.ask_screen == id;
   bool down = ev->state & GDK_BUTTON1_MASK;
   if (asked) r.ask.x = ev->x, r.ask.y = ev->y;
   if (asked && down && !r.ask.pts.empty()) {
@@ -241,46 +258,43 @@ gboolean on_motion(GtkWidget *, GdkEventMotion *ev, gpointer data) {
     } else if (a.kind == Ask::Line || a.kind == Ask::Rect) {
       a.pts.back() = {ev->x, ev->y};
     }
-    gtk_widget_queue_draw(s.area);
-  } else if (s.dragging) {
-    s.bx = ev->x;
-    s.by = ev->y;
-    gtk_widget_queue_draw(s.area);
+    gtk_widget_queue_draw(s->area);
+  } else if (s->dragging) {
+    s->bx = ev->x;
+    s->by = ev->y;
+    gtk_widget_queue_draw(s->area);
   }
   return TRUE;
 }
 
 gboolean on_release(GtkWidget *, GdkEventButton *ev, gpointer data) {
+  auto [id, s, asked] = event_of(data, true);
+  if (!s) return FALSE;
   WindowRuntime &r = wrt();
-  int id = GPOINTER_TO_INT(data);
-  auto it = r.screens.find(id);
-  if (it == r.screens.end()) return FALSE;
-  ScreenWin &s = it->second;
-  bool asked = r.ask.kind != Ask::Idle && r.ask.kind != Ask::Any && !r.ask.done && r.ask_screen == id;
   if (asked) {
     Ask &a = r.ask;
     if ((a.kind == Ask::Move || a.kind == Ask::Line || a.kind == Ask::Rect) && !a.pts.empty()) {
       if (a.kind != Ask::Move) a.pts.back() = {ev->x, ev->y};
       a.done = true;
     }
-    gtk_widget_queue_draw(s.area);
+    gtk_widget_queue_draw(s->area);
     return TRUE;
   }
-  if (!s.dragging) return FALSE;
-  s.dragging = false;
-  s.bx = ev->x;
-  s.by = ev->y;
-  if (std::fabs(s.bx - s.ax) > 5 && std::fabs(s.by - s.ay) > 5) {
+  if (!s->dragging) return FALSE;
+  s->dragging = false;
+  s->bx = ev->x;
+  s->by = ev->y;
+  if (std::fabs(s->bx - s->ax) > 5 && std::fabs(s->by - s->ay) > 5) {
     double x0, y0, x1, y1;
-    wv_to_plot(s, std::min(s.ax, s.bx), std::min(s.ay, s.by), x0, y0);
-    wv_to_plot(s, std::max(s.ax, s.bx), std::max(s.ay, s.by), x1, y1);
-    s.zoomed = true;
-    s.zx0 = x0, s.zy0 = y0, s.zx1 = x1, s.zy1 = y1;
-  } else if (r.ask.kind == Ask::Any && !r.ask.done && r.ask_screen == id) {
+    wv_to_plot(*s, std::min(s->ax, s->bx), std::min(s->ay, s->by), x0, y0);
+    wv_to_plot(*s, std::max(s->ax, s->bx), std::max(s->ay, s->by), x1, y1);
+    s->zoomed = true;
+    s->zx0 = x0, s->zy0 = y0, s->zx1 = x1, s->zy1 = y1;
+  } else if (r.ask.kind == Ask::Any && asking(id, false)) {
     r.ask.key = -int(ev->button);
     r.ask.done = true;
   }
-  gtk_widget_queue_draw(s.area);
+  gtk_widget_queue_draw(s->area);
   return TRUE;
 }
 
@@ -320,17 +334,30 @@ std::string window_title(int id) {
   return t + " \u2014 " + key_help;
 }
 
+// The size and background of the page the window shows.
+void take_page(ScreenWin &s) {
+  const PageState &pg = mirval_state().page;
+  s.pw = pg.width;
+  s.ph = pg.height;
+  s.back = back_rgb();
+}
+
+// Whether numbered window `n` is open (drawing areas of a panel are not); a warning when not.
+bool numbered(const char *routine, int n) {
+  ScreenWin *s = screen(n);
+  if (s && s->widget == 0) return true;
+  mv_warn(routine, "window %d is not open", n);
+  return false;
+}
+
 // Opens screen window `id`; false when there is no display.
 bool open_screen(int id) {
   WindowRuntime &r = wrt();
   if (!wv_gtk()) return false;
-  const MirvalState &st = mirval_state();
-  const WindowState &ws = st.window;
+  const WindowState &ws = mirval_state().window;
   ScreenWin &s = r.screens[id];
   s.id = id;
-  s.pw = st.page.width;
-  s.ph = st.page.height;
-  s.back = back_rgb();
+  take_page(s);
   if (r.draw_target > 0) {
     Widget *w = wv_widget(r.draw_target);
     if (w && w->kind == WKind::Draw && w->main) {
@@ -375,7 +402,7 @@ void close_screen(int id) {
 
 // The page being drawn goes to the selected window.
 void show_current() {
-  ScreenWin *s = current();
+  ScreenWin *s = wv_current();
   MirvalState &st = mirval_state();
   if (!s || st.scene.pages.empty()) return;
   s->page = st.scene.pages.back();
@@ -387,11 +414,8 @@ void show_current() {
     int id = s->id, before = s->drawn;
     gtk_widget_queue_draw(s->area);
     gint64 end = g_get_monotonic_time() + 200000;
-    auto it = wrt().screens.find(id);
-    while (it != wrt().screens.end() && it->second.drawn == before && g_get_monotonic_time() < end) {
+    for (ScreenWin *t = s; t && t->drawn == before && g_get_monotonic_time() < end; t = screen(id))
       if (!g_main_context_iteration(nullptr, FALSE)) g_usleep(500);
-      it = wrt().screens.find(id);
-    }
   }
   wv_pump();
 }
@@ -417,7 +441,7 @@ int showing = 0;  // the screen the open page goes to; 0: a file
 // raster size while no window shows it.
 int to_pixel(int c, bool vertical) {
   int w, h;
-  ScreenWin *s = current();
+  ScreenWin *s = wv_current();
   if (s && s->area) {
     wv_area_size(*s, w, h);
     View v = wv_view(*s, w, h);
@@ -499,8 +523,10 @@ void wv_wait(const bool &done) {
   while (!done) g_main_context_iteration(nullptr, TRUE);
 }
 
+ScreenWin *wv_current() { return screen(wrt().cur); }
+
 ScreenWin *wv_screen(const char *routine) {
-  ScreenWin *s = current();
+  ScreenWin *s = wv_current();
   if (!s) {
     mv_warn(routine, "no screen window is open (METAFL('XWIN') and MIRINI need a display)");
     return nullptr;
@@ -509,8 +535,8 @@ ScreenWin *wv_screen(const char *routine) {
 }
 
 View wv_view(const ScreenWin &s, int w, int h) {
-  double x0 = s.zoomed ? s.zx0 : 0, y0 = s.zoomed ? s.zy0 : 0;
-  double x1 = s.zoomed ? s.zx1 : s.pw, y1 = s.zoomed ? s.zy1 : s.ph;
+  double x0, y0, x1, y1;
+  shown_part(s, x0, y0, x1, y1);
   double zw = std::max(1e-9, x1 - x0), zh = std::max(1e-9, y1 - y0);
   View v;
   v.scale = std::min(w / zw, h / zh);
@@ -590,9 +616,7 @@ bool screen_begin() {
   int id = r.cur > 0 && r.cur < 1000 ? r.cur : 1;
   if (!r.screens.count(id) && !open_screen(id)) return false;
   ScreenWin &s = r.screens[id];
-  s.pw = mirval_state().page.width;
-  s.ph = mirval_state().page.height;
-  s.back = back_rgb();
+  take_page(s);
   s.zoomed = false;
   r.cur = showing = id;
   wv_pump();
@@ -612,7 +636,7 @@ void screen_finish() {
   show_current();
   int id = showing;
   showing = 0;
-  ScreenWin *s = current();
+  ScreenWin *s = wv_current();
   if (!s || s->widget > 0) return;
   int mode = mirval_state().window.winmod;
   if (mode == 1) return;  // NONE: the window stays while the program goes on
@@ -672,7 +696,7 @@ void wintit(const char *c) {
   mv_tracef("wintit(%s)", TSTR(c));
   WindowState &ws = mirval_state().window;
   ws.title = c ? c : "";
-  if (ScreenWin *s = current())
+  if (ScreenWin *s = wv_current())
     if (s->win) gtk_window_set_title(GTK_WINDOW(s->win), window_title(s->id).c_str());
 }
 
@@ -684,7 +708,7 @@ void window(int nx, int ny, int nw, int nh) {
   }
   WindowState &ws = mirval_state().window;
   ws.wx = nx, ws.wy = ny, ws.ww = nw, ws.wh = nh;
-  if (ScreenWin *s = current())
+  if (ScreenWin *s = wv_current())
     if (s->win) {
       gtk_window_move(GTK_WINDOW(s->win), nx, ny);
       gtk_window_resize(GTK_WINDOW(s->win), nw, nh);
@@ -791,10 +815,7 @@ void opnwin(int n) {
 void selwin(int n) {
   mv_tracef("selwin(%d)", n);
   WindowRuntime &r = wrt();
-  if (!r.screens.count(n) || r.screens[n].widget > 0) {
-    mv_warn("selwin", "window %d is not open", n);
-    return;
-  }
+  if (!numbered("selwin", n)) return;
   MirvalState &st = mirval_state();
   if (screen_active()) show_current();
   r.cur = n;
@@ -808,10 +829,7 @@ void selwin(int n) {
 void clswin(int n) {
   mv_tracef("clswin(%d)", n);
   WindowRuntime &r = wrt();
-  if (!r.screens.count(n) || r.screens[n].widget > 0) {
-    mv_warn("clswin", "window %d is not open", n);
-    return;
-  }
+  if (!numbered("clswin", n)) return;
   bool was = r.cur == n;
   close_screen(n);
   if (was) {
@@ -846,10 +864,7 @@ void hidwin(int n, const char *c) {
     mv_warn("hidwin", "unknown option %s (HIDE or SHOW)", TSTR(c));
     return;
   }
-  if (!r.screens.count(n) || !r.screens[n].win) {
-    mv_warn("hidwin", "window %d is not open", n);
-    return;
-  }
+  if (!numbered("hidwin", n)) return;
   if (hide) gtk_widget_hide(r.screens[n].win);
   else gtk_widget_show_all(r.screens[n].win);
   wv_pump();
@@ -860,7 +875,7 @@ void getwin(int *nx, int *ny, int *nw, int *nh) {
   const WindowState &ws = mirval_state().window;
   int x = std::max(0, ws.wx), y = std::max(0, ws.wy), w = ws.ww, h = ws.wh;
   if (w <= 0) raster_size(w, h);
-  ScreenWin *s = current();
+  ScreenWin *s = wv_current();
   if (s && s->win) {
     gtk_window_get_position(GTK_WINDOW(s->win), &x, &y);
     gtk_window_get_size(GTK_WINDOW(s->win), &w, &h);
@@ -904,7 +919,7 @@ int getxid(const char *c) {
     return 0;
   }
   if (same(c, "PIXMAP")) return 0;  // the picture is kept as a scene, not as a pixmap
-  ScreenWin *s = current();
+  ScreenWin *s = wv_current();
   if (!s || !s->area) return 0;
   GdkWindow *gw = gtk_widget_get_window(s->win ? s->win : s->area);
   if (!gw || !GDK_IS_X11_WINDOW(gw)) return 0;
