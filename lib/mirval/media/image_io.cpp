@@ -42,6 +42,25 @@ std::string head_of(const std::string &name, size_t n) {
   return s;
 }
 
+// fopen that says in err why it failed.
+FILE *open_file(const std::string &name, const char *mode, std::string &err) {
+  FILE *fp = std::fopen(name.c_str(), mode);
+  if (!fp) err = mode[0] == 'r' ? "cannot open" : "cannot open for writing";
+  return fp;
+}
+
+// The end of a writer: ok, or false with the reason in err.
+bool written(bool ok, std::string &err) {
+  if (!ok) err = "cannot write";
+  return ok;
+}
+
+// A failure of GLib's libraries (gdk-pixbuf, librsvg, poppler): its message into err.
+void take_error(GError *ge, const char *otherwise, std::string &err) {
+  err = ge ? ge->message : otherwise;
+  if (ge) g_error_free(ge);
+}
+
 bool read_png(const std::string &name, RasterImage &img, std::string &err) {
   png_image pi;
   std::memset(&pi, 0, sizeof pi);
@@ -83,33 +102,37 @@ void jpeg_fail(j_common_ptr c) {
   std::longjmp(e->jump, 1);
 }
 
+// libjpeg's errors jump back to the caller's setjmp on e.jump, with the message in e.text.
+jpeg_error_mgr *jpeg_errors(JpegError &e) {
+  jpeg_std_error(&e.mgr);
+  e.mgr.error_exit = jpeg_fail;
+  return &e.mgr;
+}
+
+// A JPEG reader or writer that gives up: libjpeg's state freed, the file closed.
+bool jpeg_abandon(void *cinfo, FILE *fp) {
+  jpeg_destroy(static_cast<j_common_ptr>(cinfo));
+  std::fclose(fp);
+  return false;
+}
+
 bool read_jpeg(const std::string &name, RasterImage &img, std::string &err) {
-  FILE *fp = std::fopen(name.c_str(), "rb");
-  if (!fp) {
-    err = "cannot open";
-    return false;
-  }
+  FILE *fp = open_file(name, "rb", err);
+  if (!fp) return false;
   jpeg_decompress_struct d;
   JpegError e;
-  d.err = jpeg_std_error(&e.mgr);
-  e.mgr.error_exit = jpeg_fail;
+  d.err = jpeg_errors(e);
   std::vector<unsigned char> row;
   if (setjmp(e.jump)) {
     err = e.text;
-    jpeg_destroy_decompress(&d);
-    std::fclose(fp);
-    return false;
+    return jpeg_abandon(&d, fp);
   }
   jpeg_create_decompress(&d);
   jpeg_stdio_src(&d, fp);
   jpeg_read_header(&d, TRUE);
   d.out_color_space = JCS_RGB;
   jpeg_start_decompress(&d);
-  if (!sane(d.output_width, d.output_height, err)) {
-    jpeg_destroy_decompress(&d);
-    std::fclose(fp);
-    return false;
-  }
+  if (!sane(d.output_width, d.output_height, err)) return jpeg_abandon(&d, fp);
   img.w = d.output_width;
   img.h = d.output_height;
   img.argb.assign(size_t(img.w) * img.h, 0);
@@ -129,10 +152,15 @@ bool read_jpeg(const std::string &name, RasterImage &img, std::string &err) {
 
 void quiet_tiff(const char *, const char *, va_list) {}
 
-bool read_tiff(const std::string &name, RasterImage &img, std::string &err) {
+// libtiff keeps quiet: the routines say what went wrong.
+TIFF *open_tiff(const std::string &name, const char *mode) {
   TIFFSetErrorHandler(quiet_tiff);
   TIFFSetWarningHandler(quiet_tiff);
-  TIFF *t = TIFFOpen(name.c_str(), "r");
+  return TIFFOpen(name.c_str(), mode);
+}
+
+bool read_tiff(const std::string &name, RasterImage &img, std::string &err) {
+  TIFF *t = open_tiff(name, "r");
   if (!t) {
     err = "not a readable TIFF file";
     return false;
@@ -204,8 +232,7 @@ bool read_pixbuf(const std::string &name, RasterImage &img, std::string &err) {
   GError *ge = nullptr;
   GdkPixbuf *pb = gdk_pixbuf_new_from_file(name.c_str(), &ge);
   if (!pb) {
-    err = ge ? ge->message : "cannot decode the image";
-    if (ge) g_error_free(ge);
+    take_error(ge, "cannot decode the image", err);
     return false;
   }
   int w = gdk_pixbuf_get_width(pb), h = gdk_pixbuf_get_height(pb);
@@ -236,15 +263,10 @@ cairo_surface_t *surface_over(const RasterImage &img) {
 }
 
 bool write_bytes(const std::string &name, const std::string &bytes, std::string &err) {
-  FILE *fp = std::fopen(name.c_str(), "wb");
-  if (!fp) {
-    err = "cannot open for writing";
-    return false;
-  }
+  FILE *fp = open_file(name, "wb", err);
+  if (!fp) return false;
   bool ok = std::fwrite(bytes.data(), 1, bytes.size(), fp) == bytes.size();
-  ok = std::fclose(fp) == 0 && ok;
-  if (!ok) err = "cannot write";
-  return ok;
+  return written(std::fclose(fp) == 0 && ok, err);
 }
 
 Pixels rgb_pixels(const RasterImage &img) {
@@ -264,9 +286,7 @@ Pixels rgb_pixels(const RasterImage &img) {
 }
 
 bool write_tiff(const std::string &name, const RasterImage &img, std::string &err, int compression, int dpi) {
-  TIFFSetErrorHandler(quiet_tiff);
-  TIFFSetWarningHandler(quiet_tiff);
-  TIFF *t = TIFFOpen(name.c_str(), "w");
+  TIFF *t = open_tiff(name, "w");
   if (!t) {
     err = "cannot open for writing";
     return false;
@@ -290,26 +310,19 @@ bool write_tiff(const std::string &name, const RasterImage &img, std::string &er
   for (int y = 0; y < img.h && ok; ++y)
     ok = TIFFWriteScanline(t, &px.rgb[3 * size_t(y) * img.w], y, 0) >= 0;
   TIFFClose(t);
-  if (!ok) err = "cannot write";
-  return ok;
+  return written(ok, err);
 }
 
 bool write_jpeg(const std::string &name, const RasterImage &img, std::string &err, int quality) {
-  FILE *fp = std::fopen(name.c_str(), "wb");
-  if (!fp) {
-    err = "cannot open for writing";
-    return false;
-  }
+  FILE *fp = open_file(name, "wb", err);
+  if (!fp) return false;
   jpeg_compress_struct c;
   JpegError e;
-  c.err = jpeg_std_error(&e.mgr);
-  e.mgr.error_exit = jpeg_fail;
+  c.err = jpeg_errors(e);
   Pixels px = rgb_pixels(img);
   if (setjmp(e.jump)) {
     err = e.text;
-    jpeg_destroy_compress(&c);
-    std::fclose(fp);
-    return false;
+    return jpeg_abandon(&c, fp);
   }
   jpeg_create_compress(&c);
   jpeg_stdio_dest(&c, fp);
@@ -326,9 +339,7 @@ bool write_jpeg(const std::string &name, const RasterImage &img, std::string &er
   }
   jpeg_finish_compress(&c);
   jpeg_destroy_compress(&c);
-  bool ok = std::fclose(fp) == 0;
-  if (!ok) err = "cannot write";
-  return ok;
+  return written(std::fclose(fp) == 0, err);
 }
 
 // poppler opens URIs, and those name a file by its whole path.
@@ -339,9 +350,15 @@ PopplerDocument *open_pdf(const std::string &name, std::string &err) {
   PopplerDocument *doc = uri ? poppler_document_new_from_file(uri, nullptr, &ge) : nullptr;
   g_free(uri);
   g_free(path);
-  if (!doc) err = ge ? ge->message : "cannot read the PDF file";
-  if (ge) g_error_free(ge);
+  if (!doc) take_error(ge, "cannot read the PDF file", err);
   return doc;
+}
+
+RsvgHandle *open_svg(const std::string &name, std::string &err) {
+  GError *ge = nullptr;
+  RsvgHandle *hd = rsvg_handle_new_from_file(name.c_str(), &ge);
+  if (!hd) take_error(ge, "cannot read the SVG file", err);
+  return hd;
 }
 
 }  // namespace
@@ -437,13 +454,8 @@ bool image_size(const std::string &name, int &w, int &h, std::string &err) {
   w = h = 0;
   FileKind k = file_kind(name);
   if (k == FileKind::SVG) {
-    GError *ge = nullptr;
-    RsvgHandle *hd = rsvg_handle_new_from_file(name.c_str(), &ge);
-    if (!hd) {
-      err = ge ? ge->message : "cannot read the SVG file";
-      if (ge) g_error_free(ge);
-      return false;
-    }
+    RsvgHandle *hd = open_svg(name, err);
+    if (!hd) return false;
     double dw = 0, dh = 0;
     if (!rsvg_handle_get_intrinsic_size_in_pixels(hd, &dw, &dh)) dw = dh = 0;
     g_object_unref(hd);
@@ -510,17 +522,14 @@ bool render_picture(const std::string &name, int page, int w, int h, RasterImage
   cairo_t *cr = cairo_create(s);
   bool ok = true;
   if (k == FileKind::SVG) {
-    GError *ge = nullptr;
-    RsvgHandle *hd = rsvg_handle_new_from_file(name.c_str(), &ge);
+    RsvgHandle *hd = open_svg(name, err);
     if (!hd) {
-      err = ge ? ge->message : "cannot read the SVG file";
-      if (ge) g_error_free(ge);
       ok = false;
     } else {
       RsvgRectangle vp{0, 0, double(w), double(h)};
+      GError *ge = nullptr;
       if (!rsvg_handle_render_document(hd, cr, &vp, &ge)) {
-        err = ge ? ge->message : "cannot draw the SVG file";
-        if (ge) g_error_free(ge);
+        take_error(ge, "cannot draw the SVG file", err);
         ok = false;
       }
       g_object_unref(hd);
