@@ -59,11 +59,17 @@ GtkWidget *container_of(int ip) {
   return p && p->main && (p->kind == WKind::Base) ? p->main : nullptr;
 }
 
-void css(GtkWidget *w, const std::string &rule) {
-  if (!w) return;
+// A style provider that gives every node `rule`.
+GtkCssProvider *provider(const std::string &rule) {
   GtkCssProvider *prov = gtk_css_provider_new();
   std::string text = "* { " + rule + " }";
   gtk_css_provider_load_from_data(prov, text.c_str(), -1, nullptr);
+  return prov;
+}
+
+void css(GtkWidget *w, const std::string &rule) {
+  if (!w) return;
+  GtkCssProvider *prov = provider(rule);
   gtk_style_context_add_provider(gtk_widget_get_style_context(w), GTK_STYLE_PROVIDER(prov),
                                  GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
   g_object_unref(prov);
@@ -542,9 +548,7 @@ void make_top() {
     std::string rule;
     if (!ws().wfont.empty()) rule += "font-family: \"" + ws().wfont + "\"; ";
     if (ws().wfont_size > 0) rule += "font-size: " + std::to_string(ws().wfont_size) + "px;";
-    GtkCssProvider *prov = gtk_css_provider_new();
-    std::string text = "* { " + rule + " }";
-    gtk_css_provider_load_from_data(prov, text.c_str(), -1, nullptr);
+    GtkCssProvider *prov = provider(rule);
     gtk_style_context_add_provider_for_screen(gdk_screen_get_default(), GTK_STYLE_PROVIDER(prov),
                                               GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
     g_object_unref(prov);
@@ -608,12 +612,16 @@ bool on_main(const char *routine, int ip) {
   return false;
 }
 
-Widget *need(const char *routine, int id, std::initializer_list<WKind> kinds) {
+// Widget `id`, or null with a warning for `routine`.
+Widget *widget_of(const char *routine, int id) {
   Widget *w = wv_widget(id);
-  if (!w) {
-    mv_warn(routine, "there is no widget %d", id);
-    return nullptr;
-  }
+  if (!w) mv_warn(routine, "there is no widget %d", id);
+  return w;
+}
+
+Widget *need(const char *routine, int id, std::initializer_list<WKind> kinds) {
+  Widget *w = widget_of(routine, id);
+  if (!w) return nullptr;
   for (WKind k : kinds)
     if (w->kind == k) return w;
   mv_warn(routine, "widget %d is not of the kind this routine handles", id);
@@ -671,14 +679,46 @@ bool cell_ok(const char *routine, Widget &w, int row, int col, bool whole) {
   return true;
 }
 
+// A text field's value set by the program: no callback runs.
+void set_entry(Widget &w, std::string text) {
+  Quiet q;
+  w.text = text;
+  if (w.main) gtk_entry_set_text(GTK_ENTRY(w.main), text.c_str());
+}
+
+// The text of widget `id` as the user left it, kept in `out`; empty (with a warning) for other
+// kinds.
+const char *text_of(std::string &out, const char *routine, int id, std::initializer_list<WKind> kinds) {
+  out.clear();
+  if (Widget *w = need(routine, id, kinds)) {
+    sync(*w);
+    out = w->text;
+  }
+  return out.c_str();
+}
+
+// The number at the start of text field `id`, its integer part for `whole`; 0 (with a warning)
+// when it holds none.
+double entry_number(const char *routine, int id, bool whole) {
+  Widget *w = need(routine, id, {WKind::Text, WKind::LongText});
+  if (!w) return 0;
+  sync(*w);
+  const char *t = w->text.c_str();
+  char *end = nullptr;
+  double v = whole ? double(std::clamp<long>(std::strtol(t, &end, 10), -2147483647L, 2147483647L))
+                   : std::strtod(t, &end);
+  if (end == t || !std::isfinite(v)) {
+    mv_warn(routine, "text \"%s\" of widget %d is not %s: 0", t, id, whole ? "an integer" : "a number");
+    return 0;
+  }
+  return v;
+}
+
 // Widget `id` with its callback cleared for a new registration. One procedure per widget: the
 // caller keeps one name for each widget, so any registration replaces the earlier one.
 Widget *callback_of(const char *routine, int id) {
-  Widget *w = wv_widget(id);
-  if (!w) {
-    mv_warn(routine, "there is no widget %d", id);
-    return nullptr;
-  }
+  Widget *w = widget_of(routine, id);
+  if (!w) return nullptr;
   w->cb = nullptr, w->cb_iray = nullptr, w->cb2 = nullptr, w->cb3 = nullptr, w->cbk = nullptr;
   return w;
 }
@@ -1007,21 +1047,29 @@ int wgappb(int ip, const unsigned char *iray, int nw, int nh) {
   return make("wgappb", ip, WKind::App, [&](Widget &w) { image_entry(w, iray, nw, nh); });
 }
 
-void wgfin(void) {
-  mv_tracef("wgfin()");
+// WGFIN and REAWGT: the panel goes on the screen, the widgets the script hid staying hidden;
+// false when there is none to show.
+static bool show_panel(const char *routine) {
   WindowRuntime &r = wrt();
   if (!r.main) {
-    mv_warn("wgfin", "WGINI was not called");
-    return;
+    mv_warn(routine, "WGINI was not called");
+    return false;
   }
-  if (r.in_loop) {
-    mv_warn("wgfin", "the panel is already running");
-    return;
-  }
-  if (!shown()) return;  // no display: nothing to wait for
+  if (!shown()) return false;  // no display: nothing to show or wait for
   gtk_widget_show_all(r.top);
   for (Widget &w : r.widgets)
     if (!w.visible && w.top) gtk_widget_hide(w.top);
+  return true;
+}
+
+void wgfin(void) {
+  mv_tracef("wgfin()");
+  WindowRuntime &r = wrt();
+  if (r.in_loop) {  // only a panel made by WGINI runs
+    mv_warn("wgfin", "the panel is already running");
+    return;
+  }
+  if (!show_panel("wgfin")) return;
   r.in_loop = true;
   r.leave = false;
   wv_wait(r.leave);
@@ -1032,14 +1080,7 @@ void wgfin(void) {
 void reawgt(void) {
   mv_tracef("reawgt()");
   WindowRuntime &r = wrt();
-  if (!r.main) {
-    mv_warn("reawgt", "WGINI was not called");
-    return;
-  }
-  if (!shown()) return;
-  gtk_widget_show_all(r.top);
-  for (Widget &w : r.widgets)
-    if (!w.visible && w.top) gtk_widget_hide(w.top);
+  if (!show_panel("reawgt")) return;
   // the panel is on the screen with its final sizes before the script draws into it
   gint64 end = g_get_monotonic_time() + 500000;
   while (!gtk_widget_get_mapped(r.top) && g_get_monotonic_time() < end)
@@ -1087,8 +1128,7 @@ void swgtxt(int id, const char *c) {
     w->label = c;
     if (w->main) gtk_button_set_label(GTK_BUTTON(w->main), c);
   } else {
-    w->text = c;
-    if (w->main) gtk_entry_set_text(GTK_ENTRY(w->main), c);
+    set_entry(*w, c);
   }
   wv_pump();
 }
@@ -1096,56 +1136,29 @@ void swgtxt(int id, const char *c) {
 const char *gwgtxt(int id) {
   mv_tracef("gwgtxt(%d)", id);
   static std::string out;
-  out.clear();
-  Widget *w = need("gwgtxt", id, {WKind::Text, WKind::LongText, WKind::STxt, WKind::Label, WKind::File});
-  if (w) {
-    sync(*w);
-    out = w->text;
-  }
-  return out.c_str();
+  return text_of(out, "gwgtxt", id, {WKind::Text, WKind::LongText, WKind::STxt, WKind::Label, WKind::File});
 }
 
 void swgfil(int id, const char *c) {
   mv_tracef("swgfil(%d, %s)", id, TSTR(c));
   Widget *w = need("swgfil", id, {WKind::File});
-  if (!w || !text_ok("swgfil", c, "file name")) return;
-  Quiet q;
-  w->text = c;
-  if (w->main) gtk_entry_set_text(GTK_ENTRY(w->main), c);
+  if (w && text_ok("swgfil", c, "file name")) set_entry(*w, c);
 }
 
 const char *gwgfil(int id) {
   mv_tracef("gwgfil(%d)", id);
   static std::string out;
-  out.clear();
-  if (Widget *w = need("gwgfil", id, {WKind::File})) {
-    sync(*w);
-    out = w->text;
-  }
-  return out.c_str();
+  return text_of(out, "gwgfil", id, {WKind::File});
 }
 
 void swgint(int id, int n) {
   mv_tracef("swgint(%d, %d)", id, n);
-  Widget *w = need("swgint", id, {WKind::Text, WKind::LongText});
-  if (!w) return;
-  Quiet q;
-  w->text = std::to_string(n);
-  if (w->main) gtk_entry_set_text(GTK_ENTRY(w->main), w->text.c_str());
+  if (Widget *w = need("swgint", id, {WKind::Text, WKind::LongText})) set_entry(*w, std::to_string(n));
 }
 
 int gwgint(int id) {
   mv_tracef("gwgint(%d)", id);
-  Widget *w = need("gwgint", id, {WKind::Text, WKind::LongText});
-  if (!w) return 0;
-  sync(*w);
-  char *end = nullptr;
-  long v = std::strtol(w->text.c_str(), &end, 10);
-  if (end == w->text.c_str()) {
-    mv_warn("gwgint", "text \"%s\" of widget %d is not an integer: 0", w->text.c_str(), id);
-    return 0;
-  }
-  return int(std::clamp<long>(v, -2147483647L, 2147483647L));
+  return int(entry_number("gwgint", id, true));
 }
 
 void swgflt(int id, float x, int ndig) {
@@ -1156,23 +1169,12 @@ void swgflt(int id, float x, int ndig) {
     mv_warn("swgflt", "value %g or decimals %d not usable", (double)x, ndig);
     return;
   }
-  Quiet q;
-  w->text = fmt_float(x, ndig);
-  if (w->main) gtk_entry_set_text(GTK_ENTRY(w->main), w->text.c_str());
+  set_entry(*w, fmt_float(x, ndig));
 }
 
 double gwgflt(int id) {
   mv_tracef("gwgflt(%d)", id);
-  Widget *w = need("gwgflt", id, {WKind::Text, WKind::LongText});
-  if (!w) return 0;
-  sync(*w);
-  char *end = nullptr;
-  double v = std::strtod(w->text.c_str(), &end);
-  if (end == w->text.c_str() || !std::isfinite(v)) {
-    mv_warn("gwgflt", "text \"%s\" of widget %d is not a number: 0", w->text.c_str(), id);
-    return 0;
-  }
-  return v;
+  return entry_number("gwgflt", id, false);
 }
 
 void swgbut(int id, int ival) {
@@ -1289,11 +1291,8 @@ void swgval(int id, float x) {
 
 void swgatt(int id, const char *cval, const char *copt) {
   mv_tracef("swgatt(%d, %s, %s)", id, TSTR(cval), TSTR(copt));
-  Widget *w = wv_widget(id);
-  if (!w) {
-    mv_warn("swgatt", "there is no widget %d", id);
-    return;
-  }
+  Widget *w = widget_of("swgatt", id);
+  if (!w) return;
   Quiet q;
   if (same(copt, "STATUS")) {
     if (same(cval, "ACTIVE") || same(cval, "ON")) w->active = true;
@@ -1335,11 +1334,8 @@ void swgatt(int id, const char *cval, const char *copt) {
 
 int gwgatt(int id, const char *copt) {
   mv_tracef("gwgatt(%d, %s)", id, TSTR(copt));
-  Widget *w = wv_widget(id);
-  if (!w) {
-    mv_warn("gwgatt", "there is no widget %d", id);
-    return 0;
-  }
+  Widget *w = widget_of("gwgatt", id);
+  if (!w) return 0;
   if (same(copt, "STATUS")) return w->active ? 1 : 0;
   if (same(copt, "VISIBLE")) return w->visible ? 1 : 0;
   if (same(copt, "LIST") || same(copt, "NUMBER")) return int(w->items.size());
@@ -1348,8 +1344,8 @@ int gwgatt(int id, const char *copt) {
 }
 
 static void colour(const char *routine, int id, float r, float g, float b, bool back) {
-  Widget *w = wv_widget(id);
-  if (!w) return mv_warn(routine, "there is no widget %d", id);
+  Widget *w = widget_of(routine, id);
+  if (!w) return;
   if (!(r >= 0 && r <= 1 && g >= 0 && g <= 1 && b >= 0 && b <= 1))
     return mv_warn(routine, "colour %g, %g, %g outside 0..1", (double)r, (double)g, (double)b);
   char rule[128];
@@ -1381,9 +1377,8 @@ void swgclr(float r, float g, float b, const char *copt) {
 
 void swgfoc(int id) {
   mv_tracef("swgfoc(%d)", id);
-  Widget *w = wv_widget(id);
-  if (!w) return mv_warn("swgfoc", "there is no widget %d", id);
-  if (w->main) gtk_widget_grab_focus(w->main);
+  Widget *w = widget_of("swgfoc", id);
+  if (w && w->main) gtk_widget_grab_focus(w->main);
 }
 
 void swgsiz(int nw, int nh) {
@@ -1410,13 +1405,11 @@ void swgwin(int nx, int ny, int nw, int nh) {
 void gwgsiz(int id, int *nw, int *nh) {
   mv_tracef("gwgsiz(id=%d, nw=out, nh=out)", id);
   int w = 0, h = 0;
-  Widget *x = wv_widget(id);
-  if (!x) {
-    mv_warn("gwgsiz", "there is no widget %d", id);
-  } else if (x->top && gtk_widget_get_realized(x->top)) {
+  Widget *x = widget_of("gwgsiz", id);
+  if (x && x->top && gtk_widget_get_realized(x->top)) {
     w = gtk_widget_get_allocated_width(x->kind == WKind::Draw ? x->main : x->top);
     h = gtk_widget_get_allocated_height(x->kind == WKind::Draw ? x->main : x->top);
-  } else if (x->fw > 0) {
+  } else if (x && x->fw > 0) {
     w = x->fw, h = x->fh;
   }
   if (nw) *nw = w;
@@ -1425,11 +1418,8 @@ void gwgsiz(int id, int *nw, int *nh) {
 
 int gwgxid(int id) {
   mv_tracef("gwgxid(%d)", id);
-  Widget *w = wv_widget(id);
-  if (!w) {
-    mv_warn("gwgxid", "there is no widget %d", id);
-    return 0;
-  }
+  Widget *w = widget_of("gwgxid", id);
+  if (!w) return 0;
   GtkWidget *g = w->kind == WKind::Draw ? w->main : w->top;
   if (!g || !gtk_widget_get_realized(g)) return 0;
   GdkWindow *gw = gtk_widget_get_window(g);
