@@ -93,19 +93,22 @@ bool read_png(const std::string &name, RasterImage &img, std::string &err) {
 struct JpegError {
   jpeg_error_mgr mgr;
   std::jmp_buf jump;
-  char text[JMSG_LENGTH_MAX];
+  std::string *err;
 };
 
 void jpeg_fail(j_common_ptr c) {
   JpegError *e = reinterpret_cast<JpegError *>(c->err);
-  (*c->err->format_message)(c, e->text);
+  char text[JMSG_LENGTH_MAX];
+  (*c->err->format_message)(c, text);
+  *e->err = text;
   std::longjmp(e->jump, 1);
 }
 
-// libjpeg's errors jump back to the caller's setjmp on e.jump, with the message in e.text.
-jpeg_error_mgr *jpeg_errors(JpegError &e) {
+// libjpeg's errors jump back to the caller's setjmp on e.jump, with the message in err.
+jpeg_error_mgr *jpeg_errors(JpegError &e, std::string &err) {
   jpeg_std_error(&e.mgr);
   e.mgr.error_exit = jpeg_fail;
+  e.err = &err;
   return &e.mgr;
 }
 
@@ -121,12 +124,9 @@ bool read_jpeg(const std::string &name, RasterImage &img, std::string &err) {
   if (!fp) return false;
   jpeg_decompress_struct d;
   JpegError e;
-  d.err = jpeg_errors(e);
+  d.err = jpeg_errors(e, err);
   std::vector<unsigned char> row;
-  if (setjmp(e.jump)) {
-    err = e.text;
-    return jpeg_abandon(&d, fp);
-  }
+  if (setjmp(e.jump)) return jpeg_abandon(&d, fp);
   jpeg_create_decompress(&d);
   jpeg_stdio_src(&d, fp);
   jpeg_read_header(&d, TRUE);
@@ -318,12 +318,9 @@ bool write_jpeg(const std::string &name, const RasterImage &img, std::string &er
   if (!fp) return false;
   jpeg_compress_struct c;
   JpegError e;
-  c.err = jpeg_errors(e);
+  c.err = jpeg_errors(e, err);
   Pixels px = rgb_pixels(img);
-  if (setjmp(e.jump)) {
-    err = e.text;
-    return jpeg_abandon(&c, fp);
-  }
+  if (setjmp(e.jump)) return jpeg_abandon(&c, fp);
   jpeg_create_compress(&c);
   jpeg_stdio_dest(&c, fp);
   c.image_width = img.w;
