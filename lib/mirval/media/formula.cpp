@@ -223,6 +223,11 @@ Layout run(const std::string &text, int font, double h, int strokes) {
 
 // ---- TeX-style formulas ----
 
+struct Scripts {
+  Layout sup, sub;
+  bool has_sup = false, has_sub = false;
+};
+
 struct TexParser {
   const std::string &s;
   size_t i = 0;
@@ -410,6 +415,30 @@ struct TexParser {
     return glyph(cp, h);
   }
 
+  // The superscript and subscript after a nucleus, in either order; primes join the
+  // nucleus when one is given (big operators take none).
+  Scripts scripts(double h, Layout *primed) {
+    Scripts sc;
+    for (int round = 0; round < 2; ++round) {
+      skip_blanks();
+      if (i < s.size() && s[i] == '^' && !sc.has_sup) {
+        ++i;
+        sc.sup = argument(h * m.tex_scale);
+        sc.has_sup = true;
+      } else if (i < s.size() && s[i] == '_' && !sc.has_sub) {
+        ++i;
+        sc.sub = argument(h * m.tex_scale);
+        sc.has_sub = true;
+      } else if (primed && i < s.size() && s[i] == '\'') {
+        ++i;
+        Layout p = run(utf8_of(0x2032), faces.upright, h, 0);
+        primed->add(p, primed->width + 0.02 * h, 0);
+        --round;
+      }
+    }
+    return sc;
+  }
+
   // Big operators: larger, limits above and below (integrals: at the side).
   Layout big_operator(const std::string &name, double h) {
     size_t k = 0;
@@ -419,20 +448,7 @@ struct TexParser {
     double hb = integral ? 1.6 * h : 1.35 * h;
     Layout op = run(utf8_of(cp), faces.upright, hb, 0);
     double shift = -0.3 * h;  // centre the operator on the axis
-    Layout sup, sub;
-    bool has_sup = false, has_sub = false;
-    for (int round = 0; round < 2; ++round) {
-      skip_blanks();
-      if (i < s.size() && s[i] == '^' && !has_sup) {
-        ++i;
-        sup = argument(h * m.tex_scale);
-        has_sup = true;
-      } else if (i < s.size() && s[i] == '_' && !has_sub) {
-        ++i;
-        sub = argument(h * m.tex_scale);
-        has_sub = true;
-      }
-    }
+    auto [sup, sub, has_sup, has_sub] = scripts(h, nullptr);
     Layout l;
     if (integral) {
       l.add(op, 0, shift);
@@ -487,25 +503,7 @@ struct TexParser {
       } else {
         nucleus = atom(h);
       }
-      Layout sup, sub;
-      bool has_sup = false, has_sub = false;
-      for (int round = 0; round < 2; ++round) {
-        skip_blanks();
-        if (i < s.size() && s[i] == '^' && !has_sup) {
-          ++i;
-          sup = argument(h * m.tex_scale);
-          has_sup = true;
-        } else if (i < s.size() && s[i] == '_' && !has_sub) {
-          ++i;
-          sub = argument(h * m.tex_scale);
-          has_sub = true;
-        } else if (i < s.size() && s[i] == '\'' ) {
-          ++i;
-          Layout p = run(utf8_of(0x2032), faces.upright, h, 0);
-          nucleus.add(p, nucleus.width + 0.02 * h, 0);
-          --round;
-        }
-      }
+      auto [sup, sub, has_sup, has_sub] = scripts(h, &nucleus);
       l.add(nucleus, x, 0);
       double w = nucleus.width;
       double sx = x + w + 0.04 * h;
