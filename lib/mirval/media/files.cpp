@@ -4,6 +4,7 @@
 #include "core/messages.h"
 #include "core/state.h"
 #include "core/trace.h"
+#include "media/media.h"
 #include "mirval.h"
 
 #include <fitsio.h>
@@ -41,9 +42,20 @@ std::string fits_error(int status) {
   return text;
 }
 
-bool has_key(const char *routine, const char *c) {
-  if (c && *c) return true;
-  mv_warn(routine, "no keyword given");
+// The open FITS file for a routine that reads keyword c, or null after one warning.
+fitsfile *keyword_file(const char *routine, const char *c) {
+  mv_tracef("%s(%s)", routine, mv_tstr(c).c_str());
+  fitsfile *f = fits_file(routine);
+  return f && given(routine, c, "keyword") ? f : nullptr;
+}
+
+// Reads keyword c as a value of cfitsio's 'type' into v; false after one warning.
+bool read_keyword(const char *routine, const char *c, int type, void *v) {
+  fitsfile *f = keyword_file(routine, c);
+  if (!f) return false;
+  int status = 0;
+  if (!fits_read_key(f, type, c, v, nullptr, &status)) return true;
+  mv_warn(routine, "keyword %s: %s", c, fits_error(status).c_str());
   return false;
 }
 
@@ -57,10 +69,7 @@ extern "C" {
 // nlu: the unit number 1..99 to use, or 0 for the lowest free one. Returns the unit or -1.
 int openfl(const char *cfil, int nlu, int irw) {
   mv_tracef("openfl(%s, %d, %d)", mv_tstr(cfil).c_str(), nlu, irw);
-  if (!cfil || !*cfil) {
-    mv_warn("openfl", "no file name given");
-    return -1;
-  }
+  if (!has_file("openfl", cfil)) return -1;
   if (irw < 0 || irw > 3) {
     mv_warn("openfl", "mode %d lies outside 0..3 (read, write, append, update)", irw);
     return -1;
@@ -176,10 +185,7 @@ int posifl(int nu, int nbyte) {
 // Returns 0, or -1 when the file cannot be opened. The primary HDU is current.
 int fitsopn(const char *c) {
   mv_tracef("fitsopn(%s)", mv_tstr(c).c_str());
-  if (!c || !*c) {
-    mv_warn("fitsopn", "no file name given");
-    return -1;
-  }
+  if (!has_file("fitsopn", c)) return -1;
   MediaState &m = mirval_state().media;
   if (m.fits) {
     int st = 0;
@@ -236,52 +242,27 @@ int fitshdu(int n) {
 }
 
 int fitsval(const char *c) {
-  mv_tracef("fitsval(%s)", mv_tstr(c).c_str());
-  fitsfile *f = fits_file("fitsval");
-  if (!f || !has_key("fitsval", c)) return 0;
   long v = 0;
-  int status = 0;
-  if (fits_read_key(f, TLONG, c, &v, nullptr, &status)) {
-    mv_warn("fitsval", "keyword %s: %s", c, fits_error(status).c_str());
-    return 0;
-  }
+  if (!read_keyword("fitsval", c, TLONG, &v)) return 0;
   return v > INT_MAX ? INT_MAX : v < INT_MIN ? INT_MIN : int(v);
 }
 
 double fitsflt(const char *c) {
-  mv_tracef("fitsflt(%s)", mv_tstr(c).c_str());
-  fitsfile *f = fits_file("fitsflt");
-  if (!f || !has_key("fitsflt", c)) return 0;
   double v = 0;
-  int status = 0;
-  if (fits_read_key(f, TDOUBLE, c, &v, nullptr, &status)) {
-    mv_warn("fitsflt", "keyword %s: %s", c, fits_error(status).c_str());
-    return 0;
-  }
-  return v;
+  return read_keyword("fitsflt", c, TDOUBLE, &v) ? v : 0;
 }
 
 const char *fitsstr(const char *c) {
-  mv_tracef("fitsstr(%s)", mv_tstr(c).c_str());
-  fits_text.clear();
-  fitsfile *f = fits_file("fitsstr");
-  if (!f || !has_key("fitsstr", c)) return fits_text.c_str();
   char v[FLEN_VALUE] = {};
-  int status = 0;
-  if (fits_read_key(f, TSTRING, c, v, nullptr, &status)) {
-    mv_warn("fitsstr", "keyword %s: %s", c, fits_error(status).c_str());
-    return fits_text.c_str();
-  }
-  fits_text = v;
+  fits_text = read_keyword("fitsstr", c, TSTRING, v) ? v : "";
   return fits_text.c_str();
 }
 
 // The kind of a keyword's value: 1 text, 2 logical, 3 integer, 4 floating, 5 complex;
 // 0 when the keyword is missing.
 int fitstyp(const char *c) {
-  mv_tracef("fitstyp(%s)", mv_tstr(c).c_str());
-  fitsfile *f = fits_file("fitstyp");
-  if (!f || !has_key("fitstyp", c)) return 0;
+  fitsfile *f = keyword_file("fitstyp", c);
+  if (!f) return 0;
   char value[FLEN_VALUE] = {}, type = 0;
   int status = 0;
   if (fits_read_keyword(f, c, value, nullptr, &status)) {
