@@ -29,6 +29,15 @@ std::FILE *unit_file(const char *routine, int nu) {
   return it->second;
 }
 
+// The file of READFL and WRITFL, given an array of nmax bytes; null after one warning.
+std::FILE *transfer_file(const char *routine, int nu, const void *iray, int nmax) {
+  if (nmax < 1 || !iray) {
+    mv_warn(routine, "nmax %d is below 1", nmax);
+    return nullptr;
+  }
+  return unit_file(routine, nu);
+}
+
 fitsfile *fits_file(const char *routine) {
   fitsfile *f = static_cast<fitsfile *>(mirval_state().media.fits);
   if (!f) mv_warn(routine, "no FITS file is open (FITSOPN)");
@@ -114,11 +123,7 @@ int closfl(int nu) {
 
 int readfl(int nu, void *iray, int nmax) {
   mv_tracef("readfl(nu=%d, iray=%s, nmax=%d)", nu, mv_tarr(nmax, "bytes out").c_str(), nmax);
-  if (nmax < 1 || !iray) {
-    mv_warn("readfl", "nmax %d is below 1", nmax);
-    return -1;
-  }
-  std::FILE *fp = unit_file("readfl", nu);
+  std::FILE *fp = transfer_file("readfl", nu, iray, nmax);
   if (!fp) return -1;
   size_t n = std::fread(iray, 1, size_t(nmax), fp);
   if (n == 0 && std::ferror(fp)) {
@@ -131,11 +136,7 @@ int readfl(int nu, void *iray, int nmax) {
 
 int writfl(int nu, const void *iray, int nmax) {
   mv_tracef("writfl(nu=%d, iray=%s, nmax=%d)", nu, mv_tarr(nmax, "bytes").c_str(), nmax);
-  if (nmax < 1 || !iray) {
-    mv_warn("writfl", "nmax %d is below 1", nmax);
-    return -1;
-  }
-  std::FILE *fp = unit_file("writfl", nu);
+  std::FILE *fp = transfer_file("writfl", nu, iray, nmax);
   if (!fp) return -1;
   size_t n = std::fwrite(iray, 1, size_t(nmax), fp);
   if (n < size_t(nmax)) {
