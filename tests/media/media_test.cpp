@@ -47,6 +47,18 @@ bool same_pixels(const Picture &a, const Picture &b, int tolerance = 0) {
   return true;
 }
 
+// At 'in' of page.png a placed picture: channel 'strong' bright, 'weak' dark; at 'out' the
+// white page.
+void expect_placed(int Pixel::*strong, int Pixel::*weak, int in_x, int in_y, int out_x, int out_y) {
+  Picture p = read_png("page.png");
+  ASSERT_EQ(p.w, 1188);
+  Pixel in = p.at(in_x, in_y), out = p.at(out_x, out_y);
+  EXPECT_GT(in.*strong, 200);
+  EXPECT_LT(in.*weak, 50);
+  EXPECT_EQ(out.*strong, 255);
+  EXPECT_EQ(out.*weak, 255);
+}
+
 LayoutStyle style(double h) {
   LayoutStyle s;
   s.font = font_index(FontChoice{});
@@ -275,13 +287,7 @@ TEST_F(Media, ReadImagePlacedAtTiforg) {
   tiforg(1000, 500);  // pixel 400, 200
   rpng("small.png");
   mirfin();
-  Picture p = read_png("page.png");
-  ASSERT_EQ(p.w, 1188);
-  Pixel in = p.at(410, 210), out = p.at(390, 210);
-  EXPECT_GT(in.r, 200);
-  EXPECT_LT(in.b, 60);
-  EXPECT_EQ(out.r, 255);
-  EXPECT_EQ(out.b, 255);
+  expect_placed(&Pixel::r, &Pixel::b, 410, 210, 390, 210);
 }
 
 TEST_F(Media, PixelsWriteAndReadBack) {
@@ -413,12 +419,7 @@ TEST_F(Media, SvgPictureIsPlacedInTheBox) {
   filbox(1000, 500, 500, 500);  // pixels 400..600, 200..400
   incfil("pic.svg");
   mirfin();
-  Picture p = read_png("page.png");
-  Pixel in = p.at(500, 300), out = p.at(300, 300);
-  EXPECT_GT(in.g, 200);
-  EXPECT_LT(in.r, 50);
-  EXPECT_EQ(out.g, 255);
-  EXPECT_EQ(out.r, 255);
+  expect_placed(&Pixel::g, &Pixel::r, 500, 300, 300, 300);
 }
 
 TEST_F(Media, BinaryFiles) {
