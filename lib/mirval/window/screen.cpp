@@ -457,9 +457,11 @@ int to_pixel(int c, bool vertical) {
 // the library's own clean-up of Cairo's font caches finds them unused.
 void release_gtk() {
   if (screen_active()) screen_at_exit();
+  // held while they go: a window takes its pop-up menus with it, further down the list
   GList *tops = gtk_window_list_toplevels();
+  for (GList *l = tops; l; l = l->next) g_object_ref(l->data);
   for (GList *l = tops; l; l = l->next) gtk_widget_destroy(GTK_WIDGET(l->data));
-  g_list_free(tops);
+  g_list_free_full(tops, g_object_unref);
   while (g_main_context_iteration(nullptr, FALSE)) {
   }
   pango_cairo_font_map_set_default(nullptr);
