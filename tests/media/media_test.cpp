@@ -9,6 +9,7 @@
 
 #include <fitsio.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -664,6 +665,21 @@ TEST_F(Media, BadArgumentsDoNoHarm) {
   messag("$}}}{{{$", 100, 700);
   mirfin();
   EXPECT_TRUE(file_exists("page.png"));
+}
+
+// A picture file that cannot be read gives one warning line, without the line end the
+// reading library puts after its own message.
+TEST_F(Media, ABrokenSvgGivesOneWarningLine) {
+  FILE *fp = std::fopen("broken.svg", "w");
+  std::fputs("<svg xmlns='http://www.w3.org/2000/svg' width='100'><rect", fp);
+  std::fclose(fp);
+  open_page();
+  testing::internal::CaptureStderr();
+  incfil("broken.svg");
+  std::string said = testing::internal::GetCapturedStderr();
+  mirfin();
+  EXPECT_EQ(said.rfind("mirval: warning: incfil: ", 0), 0u) << said;
+  EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 1) << said;
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include <tiffio.h>
 
 #include <algorithm>
+#include <cctype>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -55,10 +56,12 @@ bool written(bool ok, std::string &err) {
   return ok;
 }
 
-// A failure of GLib's libraries (gdk-pixbuf, librsvg, poppler): its message into err.
+// A failure of GLib's libraries (gdk-pixbuf, librsvg, poppler): its message into err, without
+// the line end some of them add (the warning ends its own line).
 void take_error(GError *ge, const char *otherwise, std::string &err) {
   err = ge ? ge->message : otherwise;
   if (ge) g_error_free(ge);
+  while (!err.empty() && std::isspace(static_cast<unsigned char>(err.back()))) err.pop_back();
 }
 
 bool read_png(const std::string &name, RasterImage &img, std::string &err) {
