@@ -4,6 +4,7 @@
 #include <cmath>
 #include "draw/scene.h"
 #include "core/state.h"
+#include "core/trace.h"
 
 #include <vector>
 
@@ -51,6 +52,13 @@ Path fit_path(const Path &p, const Rect &clip, bool closed);
 // the argument, and returns false. Sizes are capped so that no setting can push coordinates
 // beyond what the renderer can hold.
 bool in_range(const char *routine, const char *what, double v, double lo, double hi);
+// A routine that sets one whole number: the call traced, the number checked as in_range
+// does and kept in 'to'.
+template <class T>
+void set_number(const char *routine, const char *what, int v, double lo, double hi, T &to) {
+  mv_tracef("%s(%d)", routine, v);
+  if (in_range(routine, what, v, lo, hi)) to = v;
+}
 
 // The polyline without points closer than tol to the previous kept point and without the
 // inner points of runs that stay within tol of a straight line. A run never spans more than

@@ -119,8 +119,7 @@ void marker(int nsym) {
 }
 
 void hsymbl(int nhsym) {
-  mv_tracef("hsymbl(%d)", nhsym);
-  if (in_range("hsymbl", "size", nhsym, 1, 10000)) mirval_state().curve.hsymbl = nhsym;
+  set_number("hsymbl", "size", nhsym, 1, 10000, mirval_state().curve.hsymbl);
 }
 
 void symbol(int nsym, int nx, int ny) {

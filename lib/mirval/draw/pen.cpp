@@ -67,8 +67,7 @@ void myline(const int *nray, int n) {
 }
 
 void linwid(int nwidth) {
-  mv_tracef("linwid(%d)", nwidth);
-  if (in_range("linwid", "width", nwidth, 1, 10000)) mirval_state().pen.width = nwidth;
+  set_number("linwid", "width", nwidth, 1, 10000, mirval_state().pen.width);
 }
 
 void penwid(float xwidth) {
@@ -77,8 +76,7 @@ void penwid(float xwidth) {
 }
 
 void thkcrv(int n) {
-  mv_tracef("thkcrv(%d)", n);
-  if (in_range("thkcrv", "thickness", n, 1, 100)) mirval_state().pen.thick = n;
+  set_number("thkcrv", "thickness", n, 1, 100, mirval_state().pen.thick);
 }
 
 void clpbor(const char *copt) {
@@ -132,20 +130,14 @@ int getpat(void) {
 
 void lncap(const char *c) {
   mv_tracef("lncap(%s)", mv_tstr(c).c_str());
-  Cap &cap = mirval_state().pen.cap;
-  if (same(c, "ROUND")) cap = Cap::Round;
-  else if (same(c, "CUT")) cap = Cap::Cut;
-  else if (same(c, "LONG")) cap = Cap::Long;
-  else mv_warn("lncap", "unknown line end %s", mv_tstr(c).c_str());
+  int k = keyword("lncap", "line end", c, {"ROUND", "CUT", "LONG"});
+  if (k >= 0) mirval_state().pen.cap = Cap(k + 1);  // after Cap::Auto
 }
 
 void lnjoin(const char *c) {
   mv_tracef("lnjoin(%s)", mv_tstr(c).c_str());
-  Join &join = mirval_state().pen.join;
-  if (same(c, "ROUND")) join = Join::Round;
-  else if (same(c, "SHARP")) join = Join::Sharp;
-  else if (same(c, "TRUNC")) join = Join::Trunc;
-  else mv_warn("lnjoin", "unknown line join %s", mv_tstr(c).c_str());
+  int k = keyword("lnjoin", "line join", c, {"ROUND", "SHARP", "TRUNC"});
+  if (k >= 0) mirval_state().pen.join = Join(k);
 }
 
 }

@@ -196,8 +196,7 @@ std::string number_text(double x, int ndig) {
 extern "C" {
 
 void height(int nhchar) {
-  mv_tracef("height(%d)", nhchar);
-  if (in_range("height", "height", nhchar, 1, 10000)) mirval_state().text.height = nhchar;
+  set_number("height", "height", nhchar, 1, 10000, mirval_state().text.height);
 }
 
 int gethgt(void) {
@@ -252,45 +251,22 @@ int nlnumb(float x, int ndig) {
   return static_cast<int>(std::lround(text_length(number_text(x, ndig), "", mirval_state().text.height)));
 }
 
-void simplx(void) {
-  mv_tracef("simplx()");
-  set_font("DejaVu Sans", false, false);
-}
+// The font routines differ only in the family, weight and slant they choose.
+#define FONT_ROUTINE(name, family, bold, italic) \
+  void name(void) { \
+    mv_tracef(#name "()"); \
+    set_font(family, bold, italic); \
+  }
 
-void complx(void) {
-  mv_tracef("complx()");
-  set_font("DejaVu Serif", false, false);
-}
-
-void duplx(void) {
-  mv_tracef("duplx()");
-  set_font("DejaVu Sans", true, false);
-}
-
-void triplx(void) {
-  mv_tracef("triplx()");
-  set_font("DejaVu Serif", true, false);
-}
-
-void helve(void) {
-  mv_tracef("helve()");
-  set_font("Helvetica", false, false);
-}
-
-void helves(void) {
-  mv_tracef("helves()");
-  set_font("Helvetica", false, true);
-}
-
-void helvet(void) {
-  mv_tracef("helvet()");
-  set_font("Helvetica", true, false);
-}
-
-void serif(void) {
-  mv_tracef("serif()");
-  set_font("Times", false, false);
-}
+FONT_ROUTINE(simplx, "DejaVu Sans", false, false)
+FONT_ROUTINE(complx, "DejaVu Serif", false, false)
+FONT_ROUTINE(duplx, "DejaVu Sans", true, false)
+FONT_ROUTINE(triplx, "DejaVu Serif", true, false)
+FONT_ROUTINE(helve, "Helvetica", false, false)
+FONT_ROUTINE(helves, "Helvetica", false, true)
+FONT_ROUTINE(helvet, "Helvetica", true, false)
+FONT_ROUTINE(serif, "Times", false, false)
+#undef FONT_ROUTINE
 
 // PostScript names such as "Times-BoldItalic" or "Helvetica-Oblique".
 void psfont(const char *c) {
