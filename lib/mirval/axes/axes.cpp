@@ -580,6 +580,13 @@ std::vector<AxisLabel> axis_labels(const AxisSettings &s, const AxisRange &r, in
   return out;
 }
 
+void axis_lines(const char *routine, int top, int axis, void (*line)(int)) {
+  mv_tracef("%s()", routine);
+  if (!mv_level(routine, 2, top)) return;
+  for (int i = 0; i < 2; ++i)
+    if (axis < 0 || axis == i) line(i);
+}
+
 extern "C" {
 
 void graf(float xa, float xe, float xor_, float xstp, float ya, float ye, float yor, float ystp) {
@@ -622,24 +629,19 @@ void titlin(const char *cstr, int nlin) {
     mv_warn("titlin", "line number %d out of range 1..4", nlin);
     return;
   }
-  std::string t = cstr ? cstr : "";
-  t.erase(t.find_last_not_of(' ') + 1);
-  mirval_state().axes.title[nlin - 1] = t;
+  mirval_state().axes.title[nlin - 1] = trimmed(cstr);
 }
 
 void htitle(int nhtit) {
-  mv_tracef("htitle(%d)", nhtit);
-  if (in_range("htitle", "height", nhtit, 1, 10000)) mirval_state().axes.htitle = nhtit;
+  set_number("htitle", "height", nhtit, 1, 10000, mirval_state().axes.htitle);
 }
 
 void hname(int nhname) {
-  mv_tracef("hname(%d)", nhname);
-  if (in_range("hname", "height", nhname, 1, 10000)) mirval_state().axes.hname = nhname;
+  set_number("hname", "height", nhname, 1, 10000, mirval_state().axes.hname);
 }
 
 void vkytit(int nvfu) {
-  mv_tracef("vkytit(%d)", nvfu);
-  if (in_range("vkytit", "distance", nvfu, -10000, 10000)) mirval_state().axes.vkytit = nvfu;
+  set_number("vkytit", "distance", nvfu, -10000, 10000, mirval_state().axes.vkytit);
 }
 
 void axspos(int nxa, int nya) {
@@ -664,16 +666,13 @@ void ax3len(int nxl, int nyl, int nzl) {
 
 void getpos(int *nxa, int *nya) {
   mv_tracef("getpos(nxa=out, nya=out)");
-  if (nxa) *nxa = mirval_state().axes.posx;
-  if (nya) *nya = mirval_state().axes.posy;
+  put_out({{nxa, mirval_state().axes.posx}, {nya, mirval_state().axes.posy}});
 }
 
 void getlen(int *nxl, int *nyl, int *nzl) {
   mv_tracef("getlen(nxl=out, nyl=out, nzl=out)");
   const std::array<int, 3> &len = mirval_state().axes.len;
-  if (nxl) *nxl = len[0];
-  if (nyl) *nyl = len[1];
-  if (nzl) *nzl = len[2];
+  put_out({{nxl, len[0]}, {nyl, len[1]}, {nzl, len[2]}});
 }
 
 void labels(const char *copt, const char *cax) {
@@ -726,8 +725,7 @@ void ticpos(const char *c1, const char *c2) {
 
 void name(const char *cstr, const char *cax) {
   mv_tracef("name(%s, %s)", mv_tstr(cstr).c_str(), mv_tstr(cax).c_str());
-  std::string t = cstr ? cstr : "";
-  t.erase(t.find_last_not_of(' ') + 1);
+  std::string t = trimmed(cstr);
   for_axes("name", cax, [&](AxisSettings &s) { s.name = t; });
 }
 
@@ -755,8 +753,7 @@ void setgrf(const char *c1, const char *c2, const char *c3, const char *c4) {
 }
 
 void frame(int n) {
-  mv_tracef("frame(%d)", n);
-  if (in_range("frame", "thickness", n, 0, 1000)) mirval_state().pen.frame = n;
+  set_number("frame", "thickness", n, 0, 1000, mirval_state().pen.frame);
 }
 
 void box2d(void) {
@@ -777,22 +774,9 @@ void grid(int n1, int n2) {
   across(1, grid_values(1, n2));
 }
 
-void axgit(void) {
-  mv_tracef("axgit()");
-  if (!mv_level("axgit", 2, 3)) return;
-  zero_line(0);
-  zero_line(1);
-}
-
-void xaxgit(void) {
-  mv_tracef("xaxgit()");
-  if (mv_level("xaxgit", 2, 3)) zero_line(0);
-}
-
-void yaxgit(void) {
-  mv_tracef("yaxgit()");
-  if (mv_level("yaxgit", 2, 3)) zero_line(1);
-}
+void axgit(void) { axis_lines("axgit", 3, -1, zero_line); }
+void xaxgit(void) { axis_lines("xaxgit", 3, 0, zero_line); }
+void yaxgit(void) { axis_lines("yaxgit", 3, 1, zero_line); }
 
 void getgrf(float *a, float *e, float *orig, float *step, const char *cax) {
   mv_tracef("getgrf(a=out, e=out, orig=out, step=out, cax=%s)", mv_tstr(cax).c_str());
@@ -807,32 +791,25 @@ void getgrf(float *a, float *e, float *orig, float *step, const char *cax) {
   }
   int axis = bits == 4 ? 2 : bits - 1;
   const AxisRange &r = space ? st.space.range[axis] : st.axes.range[axis];
-  if (a) *a = static_cast<float>(r.a);
-  if (e) *e = static_cast<float>(r.e);
-  if (orig) *orig = static_cast<float>(r.org);
-  if (step) *step = static_cast<float>(r.step);
+  put_out({{a, static_cast<float>(r.a)}, {e, static_cast<float>(r.e)}, {orig, static_cast<float>(r.org)},
+           {step, static_cast<float>(r.step)}});
 }
 
 void getdig(int *nxdig, int *nydig, int *nzdig) {
   mv_tracef("getdig(nxdig=out, nydig=out, nzdig=out)");
   const auto &a = mirval_state().axes.axis;
-  if (nxdig) *nxdig = a[0].digits;
-  if (nydig) *nydig = a[1].digits;
-  if (nzdig) *nzdig = a[2].digits;
+  put_out({{nxdig, a[0].digits}, {nydig, a[1].digits}, {nzdig, a[2].digits}});
 }
 
 void gettic(int *nxtic, int *nytic, int *nztic) {
   mv_tracef("gettic(nxtic=out, nytic=out, nztic=out)");
   const auto &a = mirval_state().axes.axis;
-  if (nxtic) *nxtic = a[0].ticks;
-  if (nytic) *nytic = a[1].ticks;
-  if (nztic) *nztic = a[2].ticks;
+  put_out({{nxtic, a[0].ticks}, {nytic, a[1].ticks}, {nztic, a[2].ticks}});
 }
 
 void gettcl(int *nmaj, int *nmin) {
   mv_tracef("gettcl(nmaj=out, nmin=out)");
-  if (nmaj) *nmaj = mirval_state().axes.ticlen_major;
-  if (nmin) *nmin = mirval_state().axes.ticlen_minor;
+  put_out({{nmaj, mirval_state().axes.ticlen_major}, {nmin, mirval_state().axes.ticlen_minor}});
 }
 
 void getlab(char *cxlab, char *cylab, char *czlab) {

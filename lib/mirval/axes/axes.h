@@ -4,7 +4,10 @@
 #include "core/state.h"
 
 #include <array>
+#include <functional>
+#include <initializer_list>
 #include <string>
+#include <utility>
 #include <vector>
 
 struct AxisLabel {
@@ -30,3 +33,18 @@ double axis_side(int side, int form);
 void colour_bar_at(const Rect &bar, bool vertical, const AxisRange &r, int side, const std::string &name);
 // Label texts with the label forms of axis 'form'.
 std::vector<AxisLabel> axis_labels(const AxisSettings &s, const AxisRange &r, int form);
+// Applies f to the label forms of the axes named in cax ('X', 'XY' ...); a warning of the
+// routine when it names none.
+void for_forms(const char *routine, const char *cax, const std::function<void(AxisForm &)> &f);
+// Hands a getter's values out through its pointers; null pointers are skipped.
+inline void put_out(std::initializer_list<std::pair<int *, int>> outs) {
+  for (auto [p, v] : outs)
+    if (p) *p = v;
+}
+inline void put_out(std::initializer_list<std::pair<float *, float>> outs) {
+  for (auto [p, v] : outs)
+    if (p) *p = v;
+}
+// AXGIT, CROSS and their X and Y forms: line(axis) for axis 0, 1 or both (-1) once the level,
+// 2 up to 'top', allows it.
+void axis_lines(const char *routine, int top, int axis, void (*line)(int));

@@ -1,5 +1,6 @@
 // Coordinate helpers (POS2PT, PT2POS, X2DPOS, Y2DPOS), page helpers (PAGHDR, PAGMOD, ORIGIN)
 // and getters of axis and colour bar settings.
+#include "axes/axes.h"
 #include "axes/scaling.h"
 #include "core/keywords.h"
 #include "core/messages.h"
@@ -27,12 +28,6 @@ bool user_to_plot(double x, double y, double &px, double &py) {
 
 float clamp_float(double v) { return static_cast<float>(std::clamp(v, -3e38, 3e38)); }
 
-std::string trimmed(const char *c) {
-  std::string t = c ? c : "";
-  t.erase(t.find_last_not_of(' ') + 1);
-  return t;
-}
-
 }  // namespace
 
 extern "C" {
@@ -44,8 +39,7 @@ void pos2pt(float x, float y, float *xp, float *yp) {
     mv_warn("pos2pt", "the point (%g, %g) has no place on the axis system", (double)x, (double)y);
     px = py = 0;
   }
-  if (xp) *xp = clamp_float(px);
-  if (yp) *yp = clamp_float(py);
+  put_out({{xp, clamp_float(px)}, {yp, clamp_float(py)}});
 }
 
 void pt2pos(float x, float y, float *xp, float *yp) {
@@ -60,8 +54,7 @@ void pt2pos(float x, float y, float *xp, float *yp) {
       ux = uy = 0;
     }
   }
-  if (xp) *xp = clamp_float(ux);
-  if (yp) *yp = clamp_float(uy);
+  put_out({{xp, clamp_float(ux)}, {yp, clamp_float(uy)}});
 }
 
 double x2dpos(float x, float y) {
@@ -139,8 +132,7 @@ void origin(int nx0, int ny0) {
 
 void getor(int *nx0, int *ny0) {
   mv_tracef("getor(nx0=out, ny0=out)");
-  if (nx0) *nx0 = extra().origin_x;
-  if (ny0) *ny0 = extra().origin_y;
+  put_out({{nx0, extra().origin_x}, {ny0, extra().origin_y}});
 }
 
 // The axis parameters automatic scaling chooses for data from v1 to v2 on the axis named:
@@ -203,17 +195,14 @@ int getdfl(void) {
 
 void getran(int *nca, int *nce) {
   mv_tracef("getran(nca=out, nce=out)");
-  if (nca) *nca = mirval_state().grid.colour_lo;
-  if (nce) *nce = mirval_state().grid.colour_hi;
+  put_out({{nca, mirval_state().grid.colour_lo}, {nce, mirval_state().grid.colour_hi}});
 }
 
 // Scaling modes: 1 where SETSCL lets the data choose the axis range, else 0.
 void getscm(int *ixscm, int *iyscm, int *izscm) {
   mv_tracef("getscm(ixscm=out, iyscm=out, izscm=out)");
   const auto &a = mirval_state().axes.axis;
-  if (ixscm) *ixscm = a[0].autoscale;
-  if (iyscm) *iyscm = a[1].autoscale;
-  if (izscm) *izscm = a[2].autoscale;
+  put_out({{ixscm, a[0].autoscale}, {iyscm, a[1].autoscale}, {izscm, a[2].autoscale}});
 }
 
 // The library's version as major.minor.
@@ -225,9 +214,7 @@ double getver(void) {
 void getvk(int *nytit, int *nxbar, int *nybar) {
   mv_tracef("getvk(nytit=out, nxbar=out, nybar=out)");
   const MirvalState &st = mirval_state();
-  if (nytit) *nytit = st.axes.vkytit;
-  if (nxbar) *nxbar = st.grid.bar_gap;
-  if (nybar) *nybar = st.grid.bar_shift;
+  put_out({{nytit, st.axes.vkytit}, {nxbar, st.grid.bar_gap}, {nybar, st.grid.bar_shift}});
 }
 
 }  // extern "C"

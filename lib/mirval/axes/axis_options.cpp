@@ -3,6 +3,7 @@
 // (INTAX, SCLFAC, SCLMOD, SETEXP, SETBAS), log axes (LOGTIC, NEGLOG), ticks (TICMOD), lines
 // through the origin (CROSS, XCROSS, YCROSS), and the margins and colour range of data
 // (GRACE, ZSCALE).
+#include "axes/axes.h"
 #include "axes/scaling.h"
 #include "core/keywords.h"
 #include "core/messages.h"
@@ -17,17 +18,6 @@
 namespace {
 
 AxisExtraState &extra() { return mirval_state().axextra; }
-
-template <class F>
-void for_forms(const char *routine, const char *cax, F f) {
-  int bits = axis_bits(cax);
-  if (!bits) {
-    mv_warn(routine, "unknown axes %s", mv_tstr(cax).c_str());
-    return;
-  }
-  for (int i = 0; i < 3; ++i)
-    if (bits & (1 << i)) f(extra().form[i]);
-}
 
 // The axis line through the user origin, with ticks on both sides at the labels.
 void cross_line(int axis) {
@@ -54,6 +44,16 @@ void cross_line(int axis) {
 
 }  // namespace
 
+void for_forms(const char *routine, const char *cax, const std::function<void(AxisForm &)> &f) {
+  int bits = axis_bits(cax);
+  if (!bits) {
+    mv_warn(routine, "unknown axes %s", mv_tstr(cax).c_str());
+    return;
+  }
+  for (int i = 0; i < 3; ++i)
+    if (bits & (1 << i)) f(extra().form[i]);
+}
+
 extern "C" {
 
 void axstyp(const char *c) {
@@ -63,8 +63,7 @@ void axstyp(const char *c) {
 }
 
 void axsbgd(int n) {
-  mv_tracef("axsbgd(%d)", n);
-  if (in_range("axsbgd", "colour", n, -1, 255)) extra().background = n;
+  set_number("axsbgd", "colour", n, -1, 255, extra().background);
 }
 
 void nobgd(void) {
@@ -171,22 +170,9 @@ void sclmod(const char *c) {
   else extra().factor_axes = bits;
 }
 
-void cross(void) {
-  mv_tracef("cross()");
-  if (!mv_level("cross", 2, 2)) return;
-  cross_line(0);
-  cross_line(1);
-}
-
-void xcross(void) {
-  mv_tracef("xcross()");
-  if (mv_level("xcross", 2, 2)) cross_line(0);
-}
-
-void ycross(void) {
-  mv_tracef("ycross()");
-  if (mv_level("ycross", 2, 2)) cross_line(1);
-}
+void cross(void) { axis_lines("cross", 2, -1, cross_line); }
+void xcross(void) { axis_lines("xcross", 2, 0, cross_line); }
+void ycross(void) { axis_lines("ycross", 2, 1, cross_line); }
 
 void nograf(void) {
   mv_tracef("nograf()");
@@ -194,8 +180,7 @@ void nograf(void) {
 }
 
 void grace(int n) {
-  mv_tracef("grace(%d)", n);
-  if (in_range("grace", "margin", n, 0, 10000)) extra().grace = n;
+  set_number("grace", "margin", n, 0, 10000, extra().grace);
 }
 
 // The Z range that colour-coded data take (CURVE3, CRVMAT ...) after a plain GRAF, so that a

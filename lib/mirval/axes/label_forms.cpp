@@ -2,6 +2,7 @@
 // (MYLAB, ADDLAB), where and how labels stand (LABPOS, LABJUS, LABTYP, LABMOD, LABCLR), how
 // numbers look (NUMFMT, NUMODE, EXPZLB), and axis names and titles (NAMJUS, TITPOS, LFTTIT,
 // RGTLAB, RVYNAM).
+#include "axes/axes.h"
 #include "axes/date_labels.h"
 #include "axes/scaling.h"
 #include "core/keywords.h"
@@ -17,24 +18,17 @@ namespace {
 
 AxisExtraState &extra() { return mirval_state().axextra; }
 
-// Applies f to the forms of the axes named, after a warning when none is.
-template <class F>
-bool for_forms(const char *routine, const char *cax, F f) {
-  (void)routine;  // the callers warn, naming their own argument
-  int bits = axis_bits(cax);
-  if (!bits) return false;
-  for (int i = 0; i < 3; ++i)
-    if (bits & (1 << i)) f(extra().form[i]);
-  return true;
-}
-
 // The chart targets whose labels LABPOS, LABJUS and LABCLR set besides the axes.
 bool is_target(const char *c) { return same(c, "BARS") || same(c, "PIE"); }
 
-std::string trimmed(const char *c) {
-  std::string t = c ? c : "";
-  t.erase(t.find_last_not_of(' ') + 1);
-  return t;
+// LABPOS and LABJUS for a chart target c2: keeps keyword c1 (AUTO, the two given, CENTER or
+// CENT, kept as CENTER) in 'field'. False when c2 is no target.
+bool for_target(const char *routine, const char *what, const char *c1, const char *c2, const char *w1,
+                const char *w2, std::string LabelTarget::*field) {
+  if (!is_target(c2)) return false;
+  int k = keyword(routine, what, c1, {"AUTO", w1, w2, "CENTER", "CENT"});
+  if (k >= 0) extra().targets[upper(c2)].*field = k == 4 ? "CENTER" : upper(c1);
+  return true;
 }
 
 bool base_ok(const char *routine, int d, int m, int y) {
@@ -85,7 +79,7 @@ void mylab(const char *c1, int n, const char *c2) {
   mv_tracef("mylab(%s, %d, %s)", mv_tstr(c1).c_str(), n, mv_tstr(c2).c_str());
   if (!in_range("mylab", "label number", n, 1, 1000)) return;
   std::string t = trimmed(c1);
-  if (!for_forms("mylab", c2, [&](AxisForm &f) { f.mylab[n] = t; })) mv_warn("mylab", "unknown axes %s", mv_tstr(c2).c_str());
+  for_forms("mylab", c2, [&](AxisForm &f) { f.mylab[n] = t; });
 }
 
 void addlab(const char *c1, float x, int n, const char *c2) {
@@ -96,41 +90,32 @@ void addlab(const char *c1, float x, int n, const char *c2) {
   }
   if (!in_range("addlab", "tick type", n, 0, 2)) return;
   std::string t = trimmed(c1);
-  if (!for_forms("addlab", c2, [&](AxisForm &f) {
-        if (f.added.size() < 1000) f.added.push_back({x, t, n});
-      }))
-    mv_warn("addlab", "unknown axes %s", mv_tstr(c2).c_str());
+  for_forms("addlab", c2, [&](AxisForm &f) {
+    if (f.added.size() < 1000) f.added.push_back({x, t, n});
+  });
 }
 
 void labpos(const char *c1, const char *c2) {
   mv_tracef("labpos(%s, %s)", mv_tstr(c1).c_str(), mv_tstr(c2).c_str());
-  if (is_target(c2)) {
-    int k = keyword("labpos", "position", c1, {"AUTO", "INSIDE", "OUTSIDE", "CENTER", "CENT"});
-    if (k >= 0) extra().targets[upper(c2)].pos = k == 4 ? "CENTER" : upper(c1);
-    return;
-  }
+  if (for_target("labpos", "position", c1, c2, "INSIDE", "OUTSIDE", &LabelTarget::pos)) return;
   int k = keyword("labpos", "position", c1, {"TICKS", "CENTER", "CENT"});
   if (k < 0) return;
-  if (!for_forms("labpos", c2, [&](AxisForm &f) { f.between = k > 0; })) mv_warn("labpos", "unknown axes %s", mv_tstr(c2).c_str());
+  for_forms("labpos", c2, [&](AxisForm &f) { f.between = k > 0; });
 }
 
 void labjus(const char *c1, const char *c2) {
   mv_tracef("labjus(%s, %s)", mv_tstr(c1).c_str(), mv_tstr(c2).c_str());
-  if (is_target(c2)) {
-    int k = keyword("labjus", "justification", c1, {"AUTO", "LEFT", "RIGHT", "CENTER", "CENT"});
-    if (k >= 0) extra().targets[upper(c2)].just = k == 4 ? "CENTER" : upper(c1);
-    return;
-  }
+  if (for_target("labjus", "justification", c1, c2, "LEFT", "RIGHT", &LabelTarget::just)) return;
   int k = keyword("labjus", "justification", c1, {"AUTO", "LEFT", "RIGHT", "OUTW", "INWA"});
   if (k < 0) return;
-  if (!for_forms("labjus", c2, [&](AxisForm &f) { f.label_just = k; })) mv_warn("labjus", "unknown axes %s", mv_tstr(c2).c_str());
+  for_forms("labjus", c2, [&](AxisForm &f) { f.label_just = k; });
 }
 
 void labtyp(const char *c1, const char *c2) {
   mv_tracef("labtyp(%s, %s)", mv_tstr(c1).c_str(), mv_tstr(c2).c_str());
   int k = keyword("labtyp", "label direction", c1, {"HORI", "VERT"});
   if (k < 0) return;
-  if (!for_forms("labtyp", c2, [&](AxisForm &f) { f.vertical = k == 1; })) mv_warn("labtyp", "unknown axes %s", mv_tstr(c2).c_str());
+  for_forms("labtyp", c2, [&](AxisForm &f) { f.vertical = k == 1; });
 }
 
 // Date label forms: LABMOD('YEAR', 'NONE'|'SHORT'|'LONG'), ('MONTH', 'NUMBER'|'SHORT'|'LONG'),
@@ -147,13 +132,12 @@ void labmod(const char *c1, const char *c2, const char *c3) {
     default: v = keyword("labmod", "date step", c2, {"AUTO", "DAY", "WEEK", "MONTH", "YEAR"});
   }
   if (v < 0) return;
-  if (!for_forms("labmod", c3, [&](AxisForm &f) {
-        if (key == 0) f.year = v;
-        else if (key == 1) f.month = v;
-        else if (key == 2) f.weekday = v;
-        else f.date_step = v;
-      }))
-    mv_warn("labmod", "unknown axes %s", mv_tstr(c3).c_str());
+  for_forms("labmod", c3, [&](AxisForm &f) {
+    if (key == 0) f.year = v;
+    else if (key == 1) f.month = v;
+    else if (key == 2) f.weekday = v;
+    else f.date_step = v;
+  });
 }
 
 void labclr(int n, const char *c) {
@@ -163,7 +147,7 @@ void labclr(int n, const char *c) {
     extra().targets[upper(c)].colour = n;
     return;
   }
-  if (!for_forms("labclr", c, [&](AxisForm &f) { f.colour[2] = n; })) mv_warn("labclr", "unknown axes %s", mv_tstr(c).c_str());
+  for_forms("labclr", c, [&](AxisForm &f) { f.colour[2] = n; });
 }
 
 void numfmt(const char *c) {
@@ -204,7 +188,7 @@ void namjus(const char *c1, const char *c2) {
   int k = keyword("namjus", "justification", c1, {"LEFT", "CENT", "RIGHT", "CENTER", "BOTTOM", "TOP"});
   if (k < 0) return;
   int j = k == 3 ? 1 : k == 4 ? 0 : k == 5 ? 2 : k;
-  if (!for_forms("namjus", c2, [&](AxisForm &f) { f.name_just = j; })) mv_warn("namjus", "unknown axes %s", mv_tstr(c2).c_str());
+  for_forms("namjus", c2, [&](AxisForm &f) { f.name_just = j; });
 }
 
 void titpos(const char *c) {

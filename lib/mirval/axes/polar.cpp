@@ -453,8 +453,7 @@ void circ3p(float x1, float y1, float x2, float y2, float x3, float y3, float *x
 }
 
 void circsp(int n) {
-  mv_tracef("circsp(%d)", n);
-  if (in_range("circsp", "spacing", n, 1, 1000)) extra().circle_step = n;
+  set_number("circsp", "spacing", n, 1, 1000, extra().circle_step);
 }
 
 }  // extern "C"

@@ -14,6 +14,25 @@
 #include <cmath>
 #include <string>
 
+namespace {
+
+// Draws one side of a temporary axis system made of the box, with axis 'axis' (0 along x,
+// 1 along y) taking range r, name and the settings and forms of axis 'form'.
+void draw_alone(const Rect &box, int side, int form, const AxisRange &r, const std::string &name) {
+  AxesState &ax = mirval_state().axes;
+  AxesState saved = ax;
+  int axis = side % 2;
+  ax.box = box;
+  ax.range[axis] = r;
+  ax.axis[axis] = saved.axis[form];
+  ax.axis[axis].name = name;
+  ax.sides[side] = 4;
+  axis_side(side, form);
+  ax = saved;
+}
+
+}  // namespace
+
 // A colour bar in the rectangle: stripes of the COLRAN entries along it, a frame (FRMBAR,
 // FRMCLR) and the scale r on the given side (0 lower, 1 left, 2 upper, 3 right) with its name.
 void colour_bar_at(const Rect &bar, bool vertical, const AxisRange &r, int side, const std::string &name) {
@@ -36,18 +55,9 @@ void colour_bar_at(const Rect &bar, bool vertical, const AxisRange &r, int side,
                     page_rect(), frgb, x.bar_frame, {});
   }
   // the scale's own line would cover the frame: it is the frame
-  AxesState &ax = mirval_state().axes;
   int frame = mirval_state().pen.frame;
   mirval_state().pen.frame = std::max(1, x.bar_frame);
-  AxesState saved = ax;
-  ax.box = bar;
-  int axis = side % 2;
-  ax.range[axis] = r;
-  ax.axis[axis] = saved.axis[2];
-  ax.axis[axis].name = name;
-  ax.sides[side] = 4;
-  axis_side(side, 2);
-  ax = saved;
+  draw_alone(bar, side, 2, r, name);
   mirval_state().pen.frame = frame;
 }
 
@@ -76,27 +86,6 @@ bool stand_range(const char *routine, float a, float b, float orig, float step, 
     r.org = std::ceil(std::min(a, b) / r.step - 1e-9) * r.step;
   }
   return true;
-}
-
-std::string trimmed(const char *c) {
-  std::string t = c ? c : "";
-  t.erase(t.find_last_not_of(' ') + 1);
-  return t;
-}
-
-// Draws one side of a temporary axis system made of the box, with axis 'axis' (0 along x,
-// 1 along y) taking range r, name and the settings and forms of axis 'form'.
-void draw_alone(const Rect &box, int side, int form, const AxisRange &r, const std::string &name) {
-  AxesState &ax = mirval_state().axes;
-  AxesState saved = ax;
-  int axis = side % 2;
-  ax.box = box;
-  ax.range[axis] = r;
-  ax.axis[axis] = saved.axis[form];
-  ax.axis[axis].name = name;
-  ax.sides[side] = 4;
-  axis_side(side, form);
-  ax = saved;
 }
 
 bool length_ok(const char *routine, int nl) { return in_range(routine, "axis length", nl, 1, 100000); }
@@ -150,29 +139,24 @@ void z_axis(const char *routine, float a, float b, float orig, float step, int n
 
 extern "C" {
 
-void xaxis(float a, float b, float orig, float step, int nl, const char *cstr, int it, int nx, int ny) {
-  line_axis("xaxis", false, a, b, orig, step, nl, cstr, it, nx, ny, false);
-}
+// The linear and logarithmic forms differ only in their names and the flag they pass on.
+#define LINE_AXIS(name, vertical, log) \
+  void name(float a, float b, float orig, float step, int nl, const char *cstr, int it, int nx, int ny) { \
+    line_axis(#name, vertical, a, b, orig, step, nl, cstr, it, nx, ny, log); \
+  }
+#define Z_AXIS(name, log) \
+  void name(float a, float b, float orig, float step, int nl, const char *cstr, int it, int ndir, int nx, int ny) { \
+    z_axis(#name, a, b, orig, step, nl, cstr, it, ndir, nx, ny, log); \
+  }
 
-void yaxis(float a, float b, float orig, float step, int nl, const char *cstr, int it, int nx, int ny) {
-  line_axis("yaxis", true, a, b, orig, step, nl, cstr, it, nx, ny, false);
-}
-
-void zaxis(float a, float b, float orig, float step, int nl, const char *cstr, int it, int ndir, int nx, int ny) {
-  z_axis("zaxis", a, b, orig, step, nl, cstr, it, ndir, nx, ny, false);
-}
-
-void xaxlg(float x1, float x2, float x3, float x4, int n1, const char *c, int n2, int n3, int n4) {
-  line_axis("xaxlg", false, x1, x2, x3, x4, n1, c, n2, n3, n4, true);
-}
-
-void yaxlg(float x1, float x2, float x3, float x4, int n1, const char *c, int n2, int n3, int n4) {
-  line_axis("yaxlg", true, x1, x2, x3, x4, n1, c, n2, n3, n4, true);
-}
-
-void zaxlg(float x1, float x2, float x3, float x4, int n1, const char *c, int n2, int n3, int n4, int n5) {
-  z_axis("zaxlg", x1, x2, x3, x4, n1, c, n2, n3, n4, n5, true);
-}
+LINE_AXIS(xaxis, false, false)
+LINE_AXIS(yaxis, true, false)
+LINE_AXIS(xaxlg, false, true)
+LINE_AXIS(yaxlg, true, true)
+Z_AXIS(zaxis, false)
+Z_AXIS(zaxlg, true)
+#undef LINE_AXIS
+#undef Z_AXIS
 
 void posbar(const char *c) {
   mv_tracef("posbar(%s)", mv_tstr(c).c_str());
@@ -189,18 +173,15 @@ void jusbar(const char *c) {
 }
 
 void spcbar(int n) {
-  mv_tracef("spcbar(%d)", n);
-  if (in_range("spcbar", "space", n, -10000, 10000)) mirval_state().grid.bar_gap = n;  // VKXBAR's gap
+  set_number("spcbar", "space", n, -10000, 10000, mirval_state().grid.bar_gap);  // VKXBAR's gap
 }
 
 void frmbar(int n) {
-  mv_tracef("frmbar(%d)", n);
-  if (in_range("frmbar", "thickness", n, 0, 1000)) mirval_state().axextra.bar_frame = n;
+  set_number("frmbar", "thickness", n, 0, 1000, mirval_state().axextra.bar_frame);
 }
 
 void frmclr(int n) {
-  mv_tracef("frmclr(%d)", n);
-  if (in_range("frmclr", "colour", n, -1, 255)) mirval_state().axextra.frame_colour = n;
+  set_number("frmclr", "colour", n, -1, 255, mirval_state().axextra.frame_colour);
 }
 
 }  // extern "C"

@@ -22,6 +22,12 @@ int keyword(const char *routine, const char *what, const char *a, std::initializ
   return k;
 }
 
+std::string trimmed(const char *s) {
+  std::string t = s ? s : "";
+  t.erase(t.find_last_not_of(' ') + 1);
+  return t;
+}
+
 std::string upper(const char *s) {
   std::string u = s ? s : "";
   for (char &c : u) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));

@@ -8,6 +8,8 @@
 bool same(const char *a, const char *b);
 // The keyword in capitals; empty for null.
 std::string upper(const char *s);
+// The text without its trailing blanks; empty for null.
+std::string trimmed(const char *s);
 // Where the keyword a stands among the names (0, 1 ...); -1 when it is none of them.
 int keyword_index(const char *a, std::initializer_list<const char *> names);
 // The same, with a warning of the routine about its argument 'what' for -1.
