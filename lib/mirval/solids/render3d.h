@@ -42,6 +42,14 @@ bool begin(const char *routine);
 // Ends a routine's drawing: raster pictures are brought up to date, vector items redone.
 void end();
 
+// A corner of a triangle: box point, box normal and colour.
+inline Vtx3 vertex(V3 p, V3 n, Rgb c) {
+  Vtx3 v;
+  v.p[0] = p.x, v.p[1] = p.y, v.p[2] = p.z;
+  v.n[0] = n.x, v.n[1] = n.y, v.n[2] = n.z;
+  v.c = c;
+  return v;
+}
 // A triangle in box coordinates with a normal and colour per corner; lit: shaded by the
 // lights (or the soft light from the eye while lighting is off).
 void triangle(const Vtx3 &a, const Vtx3 &b, const Vtx3 &c, bool lit = true, float alpha = 1);
@@ -49,13 +57,7 @@ void triangle(const Vtx3 &a, const Vtx3 &b, const Vtx3 &c, bool lit = true, floa
 struct Corners {
   const std::vector<V3> &p, &n;
   const std::vector<Rgb> &c;
-  Vtx3 operator[](size_t i) const {
-    Vtx3 v;
-    v.p[0] = p[i].x, v.p[1] = p[i].y, v.p[2] = p[i].z;
-    v.n[0] = n[i].x, v.n[1] = n[i].y, v.n[2] = n[i].z;
-    v.c = c[c.size() > 1 ? i : 0];
-    return v;
-  }
+  Vtx3 operator[](size_t i) const { return vertex(p[i], n[i], c[c.size() > 1 ? i : 0]); }
 };
 // Triangles over shared corners (indices into v), each corner projected once; closed: they
 // enclose a solid and their normals point out of it.

@@ -301,16 +301,11 @@ void zbftri(const float *x, const float *y, const float *z, const int *ic) {
     }
   }
   if (!s3::begin("zbftri")) return;
-  Vtx3 v[3];
   V3 p[3];
   for (int k = 0; k < 3; ++k) p[k] = s3::user_to_box({x[k], y[k], z[k]});
   V3 n = s3::unit(s3::cross(p[1] - p[0], p[2] - p[0]));
-  for (int k = 0; k < 3; ++k) {
-    v[k].p[0] = p[k].x, v[k].p[1] = p[k].y, v[k].p[2] = p[k].z;
-    v[k].n[0] = n.x, v[k].n[1] = n.y, v[k].n[2] = n.z;
-    v[k].c = table_rgb(ic[k]);
-  }
-  s3::triangle(v[0], v[1], v[2], sol().lighting);
+  auto v = [&](int k) { return s3::vertex(p[k], n, table_rgb(ic[k])); };
+  s3::triangle(v(0), v(1), v(2), sol().lighting);
   s3::end();
 }
 

@@ -67,13 +67,7 @@ struct Frame {
   }
   V3 dir(V3 a) const { return rot(ex * a.x + ey * a.y + ez * a.z); }
   Vtx3 vertex(V3 local, V3 normal, Rgb c) const {
-    V3 p = s3::user_to_box(origin + dir(local));
-    V3 n = s3::normal_to_box(dir(normal));
-    Vtx3 v;
-    v.p[0] = p.x, v.p[1] = p.y, v.p[2] = p.z;
-    v.n[0] = n.x, v.n[1] = n.y, v.n[2] = n.z;
-    v.c = c;
-    return v;
+    return s3::vertex(s3::user_to_box(origin + dir(local)), s3::normal_to_box(dir(normal)), c);
   }
 };
 
@@ -463,12 +457,7 @@ void vertices(const char *routine, const float *x, const float *y, const float *
   std::vector<V3> bp(n);
   for (int k = 0; k < n; ++k) bp[k] = s3::user_to_box({x[k], y[k], z[k]});
   auto vtx = [&](int k, V3 face) {
-    Vtx3 v;
-    v.p[0] = bp[k].x, v.p[1] = bp[k].y, v.p[2] = bp[k].z;
-    V3 nn = xn ? s3::normal_to_box({xn[k], yn[k], zn[k]}) : face;
-    v.n[0] = nn.x, v.n[1] = nn.y, v.n[2] = nn.z;
-    v.c = ic ? table_rgb(ic[k]) : pen;
-    return v;
+    return s3::vertex(bp[k], xn ? s3::normal_to_box({xn[k], yn[k], zn[k]}) : face, ic ? table_rgb(ic[k]) : pen);
   };
   auto tri = [&](int a, int b, int c) {
     V3 f = s3::unit(s3::cross(bp[b] - bp[a], bp[c] - bp[a]));

@@ -17,6 +17,7 @@
 #include <cmath>
 
 using s3::V3;
+using s3::vertex;
 
 namespace {
 
@@ -25,14 +26,6 @@ SolidState &sol() { return mirval_state().solid; }
 Rgb mesh_rgb() {
   int c = sol().mesh_colour;
   return c < 0 ? pen_rgb() : table_rgb(c);
-}
-
-Vtx3 vertex(V3 p, V3 n, Rgb c) {
-  Vtx3 v;
-  v.p[0] = p.x, v.p[1] = p.y, v.p[2] = p.z;
-  v.n[0] = n.x, v.n[1] = n.y, v.n[2] = n.z;
-  v.c = c;
-  return v;
 }
 
 // SETFCE: whether a triangle with box normal n (its upper side +Z) shows the side asked for.
