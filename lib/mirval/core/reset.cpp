@@ -13,14 +13,17 @@ namespace {
 
 using Entry = ResetEntry;
 
-const PenState pen0;
-const TextState text0;
 const AxesState axes0;
-const CurveState curve0;
-const LegendState legend0;
-const PageState page0;
 const Space3D space0;
-const GridState grid0;
+
+template <auto... F> constexpr ResetFn pen_fields = restore<&MirvalState::pen, F...>;
+template <auto... F> constexpr ResetFn text_fields = restore<&MirvalState::text, F...>;
+template <auto... F> constexpr ResetFn axes_fields = restore<&MirvalState::axes, F...>;
+template <auto... F> constexpr ResetFn curve_fields = restore<&MirvalState::curve, F...>;
+template <auto... F> constexpr ResetFn legend_fields = restore<&MirvalState::legend, F...>;
+template <auto... F> constexpr ResetFn page_fields = restore<&MirvalState::page, F...>;
+template <auto... F> constexpr ResetFn space_fields = restore<&MirvalState::space, F...>;
+template <auto... F> constexpr ResetFn grid_fields = restore<&MirvalState::grid, F...>;
 
 // Restores one setting of all three axes.
 template <auto field>
@@ -38,75 +41,75 @@ const Entry entries[] = {
     {"NAME", axis_field<&AxisSettings::name>},
     {"NAMDIS", axis_field<&AxisSettings::namdis>},
     {"LABDIS", axis_field<&AxisSettings::labdis>},
-    {"AXSPOS CENTER", [](MirvalState &s) { s.axes.posx = axes0.posx, s.axes.posy = axes0.posy; }},
-    {"AXSLEN AX3LEN", [](MirvalState &s) { s.axes.len = axes0.len; }},
-    {"TICLEN", [](MirvalState &s) { s.axes.ticlen_major = axes0.ticlen_major, s.axes.ticlen_minor = axes0.ticlen_minor; }},
-    {"TITLIN", [](MirvalState &s) { s.axes.title = axes0.title; }},
-    {"HTITLE", [](MirvalState &s) { s.axes.htitle = axes0.htitle; }},
-    {"HNAME", [](MirvalState &s) { s.axes.hname = axes0.hname; }},
-    {"VKYTIT", [](MirvalState &s) { s.axes.vkytit = axes0.vkytit; }},
-    {"TITJUS", [](MirvalState &s) { s.axes.title_just = axes0.title_just; }},
-    {"SETGRF", [](MirvalState &s) { s.axes.sides = axes0.sides; }},
-    {"HEIGHT", [](MirvalState &s) { s.text.height = text0.height; }},
-    {"ANGLE", [](MirvalState &s) { s.text.angle = text0.angle; }},
-    {"TXTJUS", [](MirvalState &s) { s.text.just = text0.just; }},
-    {"SIMPLX COMPLX DUPLX TRIPLX HELVE HELVES HELVET SERIF PSFONT TTFONT", [](MirvalState &s) { s.text.font = text0.font; }},
-    {"COLOR SETRGB SETCLR", [](MirvalState &s) { s.pen.fore = pen0.fore, s.pen.rgb = pen0.rgb, s.pen.index = pen0.index; }},
+    {"AXSPOS CENTER", axes_fields<&AxesState::posx, &AxesState::posy>},
+    {"AXSLEN AX3LEN", axes_fields<&AxesState::len>},
+    {"TICLEN", axes_fields<&AxesState::ticlen_major, &AxesState::ticlen_minor>},
+    {"TITLIN", axes_fields<&AxesState::title>},
+    {"HTITLE", axes_fields<&AxesState::htitle>},
+    {"HNAME", axes_fields<&AxesState::hname>},
+    {"VKYTIT", axes_fields<&AxesState::vkytit>},
+    {"TITJUS", axes_fields<&AxesState::title_just>},
+    {"SETGRF", axes_fields<&AxesState::sides>},
+    {"HEIGHT", text_fields<&TextState::height>},
+    {"ANGLE", text_fields<&TextState::angle>},
+    {"TXTJUS", text_fields<&TextState::just>},
+    {"SIMPLX COMPLX DUPLX TRIPLX HELVE HELVES HELVET SERIF PSFONT TTFONT", text_fields<&TextState::font>},
+    {"COLOR SETRGB SETCLR", pen_fields<&PenState::fore, &PenState::rgb, &PenState::index>},
     {"SETVLT MYVLT SETIND", [](MirvalState &s) { s.colours = ColourState{}; }},
-    {"LINWID PENWID", [](MirvalState &s) { s.pen.width = pen0.width; }},
-    {"LINTYP SOLID DOT DASH CHNDOT CHNDSH DOTL DASHM DASHL MYLINE", [](MirvalState &s) { s.pen.style = pen0.style, s.pen.dash = pen0.dash; }},
-    {"THKCRV", [](MirvalState &s) { s.pen.thick = pen0.thick; }},
-    {"SHDPAT", [](MirvalState &s) { s.pen.pattern = pen0.pattern; }},
-    {"FRAME", [](MirvalState &s) { s.pen.frame = pen0.frame; }},
-    {"LNCAP", [](MirvalState &s) { s.pen.cap = pen0.cap; }},
-    {"LNJOIN", [](MirvalState &s) { s.pen.join = pen0.join; }},
-    {"NOCLIP CLPBOR CLPWIN", [](MirvalState &s) { s.pen.clip = pen0.clip, s.pen.window = pen0.window; }},
-    {"INCMRK", [](MirvalState &s) { s.curve.incmrk = curve0.incmrk; }},
-    {"MARKER", [](MirvalState &s) { s.curve.marker = curve0.marker; }},
-    {"HSYMBL", [](MirvalState &s) { s.curve.hsymbl = curve0.hsymbl; }},
-    {"POLCRV", [](MirvalState &s) { s.curve.interp = curve0.interp; }},
-    {"NOCHEK", [](MirvalState &s) { s.curve.check = curve0.check; }},
-    {"CHNCRV", [](MirvalState &s) { s.curve.change = curve0.change, s.curve.changed = curve0.changed; }},
-    {"LEGTIT", [](MirvalState &s) { s.legend.title = legend0.title; }},
-    {"LEGPOS", [](MirvalState &s) { s.legend.placed = legend0.placed; }},
-    {"LEGOPT", [](MirvalState &s) { s.legend.sample = legend0.sample, s.legend.gap = legend0.gap, s.legend.spacing = legend0.spacing; }},
-    {"LEGCLR", [](MirvalState &s) { s.legend.text_colours = legend0.text_colours; }},
-    {"LEGBGD", [](MirvalState &s) { s.legend.background = legend0.background; }},
+    {"LINWID PENWID", pen_fields<&PenState::width>},
+    {"LINTYP SOLID DOT DASH CHNDOT CHNDSH DOTL DASHM DASHL MYLINE", pen_fields<&PenState::style, &PenState::dash>},
+    {"THKCRV", pen_fields<&PenState::thick>},
+    {"SHDPAT", pen_fields<&PenState::pattern>},
+    {"FRAME", pen_fields<&PenState::frame>},
+    {"LNCAP", pen_fields<&PenState::cap>},
+    {"LNJOIN", pen_fields<&PenState::join>},
+    {"NOCLIP CLPBOR CLPWIN", pen_fields<&PenState::clip, &PenState::window>},
+    {"INCMRK", curve_fields<&CurveState::incmrk>},
+    {"MARKER", curve_fields<&CurveState::marker>},
+    {"HSYMBL", curve_fields<&CurveState::hsymbl>},
+    {"POLCRV", curve_fields<&CurveState::interp>},
+    {"NOCHEK", curve_fields<&CurveState::check>},
+    {"CHNCRV", curve_fields<&CurveState::change, &CurveState::changed>},
+    {"LEGTIT", legend_fields<&LegendState::title>},
+    {"LEGPOS", legend_fields<&LegendState::placed>},
+    {"LEGOPT", legend_fields<&LegendState::sample, &LegendState::gap, &LegendState::spacing>},
+    {"LEGCLR", legend_fields<&LegendState::text_colours>},
+    {"LEGBGD", legend_fields<&LegendState::background>},
     {"LEGPAT", [](MirvalState &s) { s.legend.given.clear(); }},
     {"LEGSEL", [](MirvalState &s) { s.legend.selected.clear(); }},
-    {"LEGTBL", [](MirvalState &s) { s.legend.table = legend0.table, s.legend.table_rows = legend0.table_rows; }},
-    {"LEGTYP", [](MirvalState &s) { s.legend.horizontal = legend0.horizontal; }},
-    {"LEGVAL", [](MirvalState &s) { s.legend.symbol_scale = legend0.symbol_scale, s.legend.patch_height = legend0.patch_height, s.legend.column_gap = legend0.column_gap; }},
+    {"LEGTBL", legend_fields<&LegendState::table, &LegendState::table_rows>},
+    {"LEGTYP", legend_fields<&LegendState::horizontal>},
+    {"LEGVAL", legend_fields<&LegendState::symbol_scale, &LegendState::patch_height, &LegendState::column_gap>},
     {"AXIS3D", [](MirvalState &s) { std::copy(space0.box, space0.box + 3, s.space.box); }},
     {"VIEW3D", [](MirvalState &s) { std::copy(space0.view, space0.view + 3, s.space.view), s.space.view_mode = space0.view_mode; }},
     {"SHDMOD", [](MirvalState &s) { s.space.shading.clear(); }},
-    {"SETRES", [](MirvalState &s) { s.page.xres = page0.xres, s.page.yres = page0.yres; }},
-    {"VANG3D", [](MirvalState &s) { s.space.vang = space0.vang; }},
-    {"VUP3D", [](MirvalState &s) { s.space.vup = space0.vup; }},
-    {"SURCLR", [](MirvalState &s) { s.space.top = space0.top, s.space.bottom = space0.bottom; }},
-    {"SURVIS", [](MirvalState &s) { s.space.visible = space0.visible; }},
-    {"SURMSH", [](MirvalState &s) { s.space.mesh = space0.mesh; }},
-    {"NOBAR", [](MirvalState &s) { s.grid.bar = grid0.bar; }},
-    {"VKXBAR SPCBAR", [](MirvalState &s) { s.grid.bar_gap = grid0.bar_gap; }},
-    {"VKYBAR", [](MirvalState &s) { s.grid.bar_shift = grid0.bar_shift; }},
-    {"WIDBAR", [](MirvalState &s) { s.grid.bar_width = grid0.bar_width; }},
-    {"COLRAN", [](MirvalState &s) { s.grid.colour_lo = grid0.colour_lo, s.grid.colour_hi = grid0.colour_hi; }},
-    {"AUTRES", [](MirvalState &s) { s.grid.auto_nx = grid0.auto_nx, s.grid.auto_ny = grid0.auto_ny; }},
-    {"SCLPAX", [](MirvalState &s) { s.grid.cut_points = grid0.cut_points; }},
-    {"CONGAP", [](MirvalState &s) { s.grid.label_gap = grid0.label_gap; }},
-    {"CONMOD", [](MirvalState &s) { s.grid.label_every = grid0.label_every, s.grid.label_least = grid0.label_least; }},
-    {"CONLAB", [](MirvalState &s) { s.grid.label_text = grid0.label_text; }},
+    {"SETRES", page_fields<&PageState::xres, &PageState::yres>},
+    {"VANG3D", space_fields<&Space3D::vang>},
+    {"VUP3D", space_fields<&Space3D::vup>},
+    {"SURCLR", space_fields<&Space3D::top, &Space3D::bottom>},
+    {"SURVIS", space_fields<&Space3D::visible>},
+    {"SURMSH", space_fields<&Space3D::mesh>},
+    {"NOBAR", grid_fields<&GridState::bar>},
+    {"VKXBAR SPCBAR", grid_fields<&GridState::bar_gap>},
+    {"VKYBAR", grid_fields<&GridState::bar_shift>},
+    {"WIDBAR", grid_fields<&GridState::bar_width>},
+    {"COLRAN", grid_fields<&GridState::colour_lo, &GridState::colour_hi>},
+    {"AUTRES", grid_fields<&GridState::auto_nx, &GridState::auto_ny>},
+    {"SCLPAX", grid_fields<&GridState::cut_points>},
+    {"CONGAP", grid_fields<&GridState::label_gap>},
+    {"CONMOD", grid_fields<&GridState::label_every, &GridState::label_least>},
+    {"CONLAB", grid_fields<&GridState::label_text>},
 };
 
 // Output settings can change only while no page is open.
 const Entry page_entries[] = {
-    {"METAFL", [](MirvalState &s) { s.page.format = page0.format, s.page.screen = page0.screen; }},
-    {"SETFIL", [](MirvalState &s) { s.page.file = page0.file; }},
-    {"FILMOD", [](MirvalState &s) { s.page.filmod = page0.filmod; }},
-    {"PAGE SETPAG", [](MirvalState &s) { s.page.width = page0.width, s.page.height = page0.height; }},
-    {"PAGORG", [](MirvalState &s) { s.page.bottom = page0.bottom; }},
-    {"WINSIZ", [](MirvalState &s) { s.page.win_w = page0.win_w, s.page.win_h = page0.win_h; }},
-    {"SCRMOD", [](MirvalState &s) { s.page.reverse = page0.reverse; }},
+    {"METAFL", page_fields<&PageState::format, &PageState::screen>},
+    {"SETFIL", page_fields<&PageState::file>},
+    {"FILMOD", page_fields<&PageState::filmod>},
+    {"PAGE SETPAG", page_fields<&PageState::width, &PageState::height>},
+    {"PAGORG", page_fields<&PageState::bottom>},
+    {"WINSIZ", page_fields<&PageState::win_w, &PageState::win_h>},
+    {"SCRMOD", page_fields<&PageState::reverse>},
 };
 
 // The tables of the concern folders' own parts.

@@ -3,13 +3,27 @@
 // entries of its own part beside that part, in a table ending with {nullptr, nullptr}.
 #pragma once
 
+#include <type_traits>
+
 struct MirvalState;
+
+using ResetFn = void (*)(MirvalState &);
 
 struct ResetEntry {
   const char *names;  // the routines whose setting it restores, separated by blanks
-  void (*fn)(MirvalState &);
+  ResetFn fn;
 };
 
 // Restores the settings made by the routine 'name' ('ALL': every one) as RESET does, without a
 // trace line; false when no setting has that name.
 bool reset_setting(const char *name);
+
+// The usual entry function: restores the given members of one part of the state from a fresh
+// part, as restore<&MirvalState::pen, &PenState::width>.
+template <auto Part, auto... Fields>
+void restore(MirvalState &s) {
+  using P = std::remove_reference_t<decltype(s.*Part)>;
+  static const P fresh{};
+  P &p = s.*Part;
+  ((p.*Fields = fresh.*Fields), ...);
+}
