@@ -16,6 +16,7 @@ targets="script expr format zdf"
 cmake --build "$build" --target $(for t in $targets; do echo "fuzz_$t"; done)
 build=$(cd "$build" && pwd)
 mkdir -p "$build/crashes"
+cd "$build"  # the targets' scratch folders go here, also when one of them stops on a finding
 status=0
 for t in $targets; do
   corpus="$build/corpus/$t"
