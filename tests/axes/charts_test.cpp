@@ -120,29 +120,25 @@ TEST_F(AxesTest, PolarRoutinesWantAPolarChart) {
     polar(0, 1, 0, 90, 0);
     gridre(1, -1, 1, 10);
   });
-  EXPECT_NE(err.find("grdpol: the axis system is no polar chart"), std::string::npos) << err;
-  EXPECT_NE(err.find("polar: the axis system is no polar chart"), std::string::npos) << err;
-  EXPECT_NE(err.find("gridre: the axis system is no Smith chart"), std::string::npos) << err;
+  expect_all_in(err, {"grdpol: the axis system is no polar chart",
+                      "polar: the axis system is no polar chart",
+                      "gridre: the axis system is no Smith chart"});
   endgrf();
   err = stderr_of([] {
     grafp(-1, 0, 1, 0, 30);
     grafp(NAN, 0, 1, 0, 30);
   });
-  EXPECT_NE(err.find("grafp: the radius -1 must be positive"), std::string::npos) << err;
-  EXPECT_NE(err.find("grafp: arguments must be finite numbers"), std::string::npos) << err;
+  expect_all_in(err, {"grafp: the radius -1 must be positive", "grafp: arguments must be finite numbers"});
   EXPECT_EQ(getlev(), 1);
   err = stderr_of([] { grafp(5, 0, 0, 0, 0); });  // steps chosen
-  EXPECT_NE(err.find("radius step 0"), std::string::npos);
-  EXPECT_NE(err.find("angle step 0"), std::string::npos);
+  expect_all_in(err, {"radius step 0", "angle step 0"});
   EXPECT_EQ(getlev(), 2);
   err = stderr_of([] {
     polar(1, 2, 50, 40, 0);
     ypolar(1, 1, 0, 1, "x", 0);
     grdpol(-1, 1000);
   });
-  EXPECT_NE(err.find("polar: angles 50 to 40"), std::string::npos) << err;
-  EXPECT_NE(err.find("ypolar: the scale 1 to 1"), std::string::npos) << err;
-  EXPECT_NE(err.find("grdpol"), std::string::npos) << err;
+  expect_all_in(err, {"polar: angles 50 to 40", "ypolar: the scale 1 to 1", "grdpol"});
   finish();
 }
 
@@ -208,9 +204,7 @@ TEST_F(AxesTest, SmithChartBadArguments) {
     gridim(1, 0, 1, 1);
   });
   EXPECT_EQ(a, 0);
-  EXPECT_NE(err.find("getico: reflection coefficient 1 + j0 has no finite impedance"), std::string::npos) << err;
-  EXPECT_NE(err.find("gridre"), std::string::npos) << err;
-  EXPECT_NE(err.find("gridim"), std::string::npos) << err;
+  expect_all_in(err, {"getico: reflection coefficient 1 + j0 has no finite impedance", "gridre", "gridim"});
   float xm, ym, r;
   err = stderr_of([&] { circ3p(0, 0, 1, 1, 2, 2, &xm, &ym, &r); });
   EXPECT_NE(err.find("circ3p: the three points lie on one line"), std::string::npos);

@@ -160,11 +160,11 @@ TEST_F(OutputTest, RoutinesRefuseTheWrongLevel) {
   metafl("PDF");
   curve(x, x, 2);
   std::string err = testing::internal::GetCapturedStderr();
-  EXPECT_NE(err.find("mirval: warning: curve: not allowed at level 0"), std::string::npos);
-  EXPECT_NE(err.find("mirval: warning: graf: not allowed at level 0"), std::string::npos);
-  EXPECT_NE(err.find("mirval: warning: mirfin: not allowed at level 0"), std::string::npos);
-  EXPECT_NE(err.find("mirval: warning: metafl: not allowed at level 1"), std::string::npos);
-  EXPECT_NE(err.find("mirval: warning: curve: not allowed at level 1"), std::string::npos);
+  expect_all_in(err, {"mirval: warning: curve: not allowed at level 0",
+                      "mirval: warning: graf: not allowed at level 0",
+                      "mirval: warning: mirfin: not allowed at level 0",
+                      "mirval: warning: metafl: not allowed at level 1",
+                      "mirval: warning: curve: not allowed at level 1"});
   EXPECT_EQ(getlev(), 1);
   graf(0, 1, 0, 1, 0, 1, 0, 1);
   EXPECT_EQ(getlev(), 2);
@@ -183,11 +183,8 @@ TEST_F(OutputTest, BadArgumentsWarnAndDrawNothing) {
   marker(99);
   legend(nullptr, 3);
   std::string err = testing::internal::GetCapturedStderr();
-  EXPECT_NE(err.find("curve: no points"), std::string::npos);
-  EXPECT_NE(err.find("height: height -3 out of range 1..10000"), std::string::npos);
-  EXPECT_NE(err.find("setclr: colour number 300"), std::string::npos);
-  EXPECT_NE(err.find("marker: symbol 99"), std::string::npos);
-  EXPECT_NE(err.find("legend: no legend buffer"), std::string::npos);
+  expect_all_in(err, {"curve: no points", "height: height -3 out of range 1..10000",
+                      "setclr: colour number 300", "marker: symbol 99", "legend: no legend buffer"});
   EXPECT_EQ(gethgt(), 36);
 }
 
@@ -208,8 +205,7 @@ TEST_F(OutputTest, ErrdevSendsMessagesToTheErrorFile) {
   mirfin();
   errdev("CONS");
   std::string text = read_file("messages.txt");
-  EXPECT_NE(text.find("mirval: warning: height:"), std::string::npos);
-  EXPECT_NE(text.find("mirval: wrote mirval.png (PNG, 1188 x 840)"), std::string::npos);
+  expect_all_in(text, {"mirval: warning: height:", "mirval: wrote mirval.png (PNG, 1188 x 840)"});
 }
 
 TEST_F(OutputTest, SendbfCompletesTheFileWhileThePageStaysOpen) {

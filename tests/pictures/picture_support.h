@@ -2,6 +2,7 @@
 #pragma once
 #include "library_test.h"
 
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -20,3 +21,7 @@ bool has_line(const std::vector<SvgStroke> &strokes, double x0, double y0, doubl
 
 // Texts of the current page, in drawing order.
 std::vector<std::string> page_texts();
+// Fails for each of the parts that the text (say, captured warnings) does not contain.
+inline void expect_all_in(const std::string &text, std::initializer_list<const char *> parts) {
+  for (const char *p : parts) EXPECT_NE(text.find(p), std::string::npos) << p << " is not in:\n" << text;
+}
