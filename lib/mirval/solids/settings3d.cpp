@@ -33,13 +33,27 @@ bool finite3(const char *routine, double a, double b, double c) {
   return false;
 }
 
-// Which of a light's or the material's colours a keyword names: 0 ambient, 1 diffuse,
-// 2 specular, -1 unknown.
-int colour_part(const char *c) {
-  if (same(c, "AMBIENT")) return 0;
-  if (same(c, "DIFFUSE")) return 1;
-  if (same(c, "SPECULAR")) return 2;
-  return -1;
+// Which of a light's or the material's three colours a keyword names; null when none.
+Rgb *colour_part(const char *c, Rgb &ambient, Rgb &diffuse, Rgb &specular) {
+  if (same(c, "AMBIENT")) return &ambient;
+  if (same(c, "DIFFUSE")) return &diffuse;
+  if (same(c, "SPECULAR")) return &specular;
+  return nullptr;
+}
+
+// LITOP3 and MATOP3: the named colour of the three becomes the fractions r, g, b.
+void set_colour3(const char *routine, float r, float g, float b, const char *c, Rgb &ambient, Rgb &diffuse,
+                 Rgb &specular) {
+  Rgb *part = colour_part(c, ambient, diffuse, specular);
+  if (!part) {
+    mv_warn(routine, "unknown option %s (AMBIENT, DIFFUSE or SPECULAR)", mv_tstr(c).c_str());
+    return;
+  }
+  if (!(r >= 0 && r <= 1 && g >= 0 && g <= 1 && b >= 0 && b <= 1)) {
+    mv_warn(routine, "colour fractions must lie in 0..1 (got %g, %g, %g)", (double)r, (double)g, (double)b);
+    return;
+  }
+  *part = Rgb{r, g, b};
 }
 
 void multiply(double a[3][3], const double b[3][3]) {  // a = b * a
@@ -160,10 +174,8 @@ void litopt(int id, float x, const char *c) {
     return;
   }
   Light &l = sol().lights[id - 1];
-  int part = colour_part(c);
-  if (part >= 0) {
-    Rgb g{x, x, x};
-    (part == 0 ? l.ambient : part == 1 ? l.diffuse : l.specular) = g;
+  if (Rgb *part = colour_part(c, l.ambient, l.diffuse, l.specular)) {
+    *part = Rgb{x, x, x};
   } else if (same(c, "CONSTANT")) {
     l.att[0] = x;
   } else if (same(c, "LINEAR")) {
@@ -179,17 +191,8 @@ void litopt(int id, float x, const char *c) {
 void litop3(int id, float r, float g, float b, const char *c) {
   mv_tracef("litop3(%d, %g, %g, %g, %s)", id, (double)r, (double)g, (double)b, mv_tstr(c).c_str());
   if (!light_id("litop3", id)) return;
-  int part = colour_part(c);
-  if (part < 0) {
-    mv_warn("litop3", "unknown option %s (AMBIENT, DIFFUSE or SPECULAR)", mv_tstr(c).c_str());
-    return;
-  }
-  if (!(r >= 0 && r <= 1 && g >= 0 && g <= 1 && b >= 0 && b <= 1)) {
-    mv_warn("litop3", "colour fractions must lie in 0..1 (got %g, %g, %g)", (double)r, (double)g, (double)b);
-    return;
-  }
   Light &l = sol().lights[id - 1];
-  (part == 0 ? l.ambient : part == 1 ? l.diffuse : l.specular) = Rgb{r, g, b};
+  set_colour3("litop3", r, g, b, c, l.ambient, l.diffuse, l.specular);
 }
 
 void matopt(float x, const char *c) {
@@ -198,29 +201,19 @@ void matopt(float x, const char *c) {
     if (in_range("matopt", "exponent", x, 0, 1000)) sol().shininess = x;
     return;
   }
-  int part = colour_part(c);
-  if (part < 0) {
+  SolidState &s = sol();
+  Rgb *part = colour_part(c, s.mat_ambient, s.mat_diffuse, s.mat_specular);
+  if (!part) {
     mv_warn("matopt", "unknown option %s (AMBIENT, DIFFUSE, SPECULAR or EXPONENT)", mv_tstr(c).c_str());
     return;
   }
-  if (!in_range("matopt", "fraction", x, 0, 1)) return;
-  SolidState &s = sol();
-  (part == 0 ? s.mat_ambient : part == 1 ? s.mat_diffuse : s.mat_specular) = Rgb{x, x, x};
+  if (in_range("matopt", "fraction", x, 0, 1)) *part = Rgb{x, x, x};
 }
 
 void matop3(float r, float g, float b, const char *c) {
   mv_tracef("matop3(%g, %g, %g, %s)", (double)r, (double)g, (double)b, mv_tstr(c).c_str());
-  int part = colour_part(c);
-  if (part < 0) {
-    mv_warn("matop3", "unknown option %s (AMBIENT, DIFFUSE or SPECULAR)", mv_tstr(c).c_str());
-    return;
-  }
-  if (!(r >= 0 && r <= 1 && g >= 0 && g <= 1 && b >= 0 && b <= 1)) {
-    mv_warn("matop3", "colour fractions must lie in 0..1 (got %g, %g, %g)", (double)r, (double)g, (double)b);
-    return;
-  }
   SolidState &s = sol();
-  (part == 0 ? s.mat_ambient : part == 1 ? s.mat_diffuse : s.mat_specular) = Rgb{r, g, b};
+  set_colour3("matop3", r, g, b, c, s.mat_ambient, s.mat_diffuse, s.mat_specular);
 }
 
 int getlit(float xp, float yp, float zp, float xn, float yn, float zn) {

@@ -146,6 +146,21 @@ bool counts(const char *routine, int n, int m, int nmin = 3) {
   return true;
 }
 
+// TUBE3D and PIKE3D: checks a solid from a to b of radius r and opens the drawing; len: how far
+// apart the ends are.
+bool between(const char *routine, V3 a, V3 b, float r, int n, int m, double &len) {
+  mv_tracef("%s(%g, %g, %g, %g, %g, %g, %g, %d, %d)", routine, a.x, a.y, a.z, b.x, b.y, b.z, (double)r, n, m);
+  if (!finite_all(routine, {a.x, a.y, a.z, b.x, b.y, b.z}) || !positive(routine, "radius", r) ||
+      !counts(routine, n, m))
+    return false;
+  len = std::sqrt(s3::dot(b - a, b - a));
+  if (!(len > 0)) {
+    mv_warn(routine, "the two end points are the same");
+    return false;
+  }
+  return s3::begin(routine);
+}
+
 }  // namespace
 
 extern "C" {
@@ -211,17 +226,9 @@ void disk3d(float xm, float ym, float zm, float r1, float r2, int n, int m) {
 }
 
 void tube3d(float x1, float y1, float z1, float x2, float y2, float z2, float r, int n, int m) {
-  mv_tracef("tube3d(%g, %g, %g, %g, %g, %g, %g, %d, %d)", (double)x1, (double)y1, (double)z1, (double)x2, (double)y2,
-            (double)z2, (double)r, n, m);
-  if (!finite_all("tube3d", {x1, y1, z1, x2, y2, z2}) || !positive("tube3d", "radius", r) || !counts("tube3d", n, m))
-    return;
   V3 a{x1, y1, z1}, b{x2, y2, z2};
-  double len = std::sqrt(s3::dot(b - a, b - a));
-  if (!(len > 0)) {
-    mv_warn("tube3d", "the two end points are the same");
-    return;
-  }
-  if (!s3::begin("tube3d")) return;
+  double len;
+  if (!between("tube3d", a, b, r, n, m, len)) return;
   Frame fr = along(a, b);
   Rgb c = pen_rgb();
   wall(fr, r, 0, r, len, n, m, c);
@@ -231,17 +238,9 @@ void tube3d(float x1, float y1, float z1, float x2, float y2, float z2, float r,
 }
 
 void pike3d(float x1, float y1, float z1, float x2, float y2, float z2, float r, int n, int m) {
-  mv_tracef("pike3d(%g, %g, %g, %g, %g, %g, %g, %d, %d)", (double)x1, (double)y1, (double)z1, (double)x2, (double)y2,
-            (double)z2, (double)r, n, m);
-  if (!finite_all("pike3d", {x1, y1, z1, x2, y2, z2}) || !positive("pike3d", "radius", r) || !counts("pike3d", n, m))
-    return;
   V3 a{x1, y1, z1}, b{x2, y2, z2};
-  double len = std::sqrt(s3::dot(b - a, b - a));
-  if (!(len > 0)) {
-    mv_warn("pike3d", "the two end points are the same");
-    return;
-  }
-  if (!s3::begin("pike3d")) return;
+  double len;
+  if (!between("pike3d", a, b, r, n, m, len)) return;
   Frame fr = along(a, b);
   Rgb c = pen_rgb();
   double head = std::min(len * 0.35, 5.0 * r), shaft = len - head;  // the head: a cone twice as wide
