@@ -8,6 +8,7 @@
 #include "draw/draw.h"
 #include "grids/surface.h"
 #include "mirval.h"
+#include "solids/choice3d.h"
 #include "solids/render3d.h"
 
 #include <cmath>
@@ -138,15 +139,15 @@ extern "C" {
 
 void light(const char *c) {
   mv_tracef("light(%s)", mv_tstr(c).c_str());
-  if (same(c, "ON") || same(c, "OFF")) sol().lighting = same(c, "ON");
-  else mv_warn("light", "unknown option %s (ON or OFF)", mv_tstr(c).c_str());
+  int k = choice3d("light", "option", c, {"ON", "OFF"});
+  if (k >= 0) sol().lighting = k == 0;
 }
 
 void litmod(int id, const char *c) {
   mv_tracef("litmod(%d, %s)", id, mv_tstr(c).c_str());
   if (!light_id("litmod", id)) return;
-  if (same(c, "ON") || same(c, "OFF")) sol().lights[id - 1].on = same(c, "ON");
-  else mv_warn("litmod", "unknown option %s (ON or OFF)", mv_tstr(c).c_str());
+  int k = choice3d("litmod", "option", c, {"ON", "OFF"});
+  if (k >= 0) sol().lights[id - 1].on = k == 0;
 }
 
 void litpos(int id, float x, float y, float z, const char *c) {
@@ -252,9 +253,8 @@ void zbffin(void) {
 
 void zbfmod(const char *c) {
   mv_tracef("zbfmod(%s)", mv_tstr(c).c_str());
-  int m = same(c, "AUTO") ? 0 : same(c, "RASTER") ? 1 : same(c, "VECTOR") ? 2 : -1;
-  if (m < 0) mv_warn("zbfmod", "unknown option %s (AUTO, RASTER or VECTOR)", mv_tstr(c).c_str());
-  else sol().zbf_mode = m;
+  int m = choice3d("zbfmod", "option", c, {"AUTO", "RASTER", "VECTOR"});
+  if (m >= 0) sol().zbf_mode = m;
 }
 
 void zbfscl(float x) {
@@ -309,9 +309,8 @@ void nohide(void) {
 
 void clip3d(const char *c) {
   mv_tracef("clip3d(%s)", mv_tstr(c).c_str());
-  int m = same(c, "NONE") ? 0 : same(c, "2D") ? 1 : same(c, "3D") ? 2 : -1;
-  if (m < 0) mv_warn("clip3d", "unknown option %s (NONE, 2D or 3D)", mv_tstr(c).c_str());
-  else sol().clip = m;
+  int m = choice3d("clip3d", "option", c, {"NONE", "2D", "3D"});
+  if (m >= 0) sol().clip = m;
 }
 
 // ---- views ----
@@ -326,14 +325,11 @@ void proj3d(const char *c) {
 void vfoc3d(float x, float y, float z, const char *c) {
   mv_tracef("vfoc3d(%g, %g, %g, %s)", (double)x, (double)y, (double)z, mv_tstr(c).c_str());
   if (!finite3("vfoc3d", x, y, z)) return;
-  bool user = same(c, "USER");
-  if (!user && !same(c, "ABS")) {
-    mv_warn("vfoc3d", "unknown option %s (ABS or USER)", mv_tstr(c).c_str());
-    return;
-  }
+  int k = choice3d("vfoc3d", "option", c, {"ABS", "USER"});
+  if (k < 0) return;
   Space3D &sp = mirval_state().space;
   sp.focus[0] = x, sp.focus[1] = y, sp.focus[2] = z;
-  sp.focus_user = user;
+  sp.focus_user = k == 1;
 }
 
 void vscl3d(float x) {
@@ -512,8 +508,7 @@ extern "C" {
 
 void labl3d(const char *c) {
   mv_tracef("labl3d(%s)", mv_tstr(c).c_str());
-  if (same(c, "HORI") || same(c, "NONE")) sol().label3d = upper(c);
-  else mv_warn("labl3d", "unknown option %s (HORI or NONE)", mv_tstr(c).c_str());
+  if (choice3d("labl3d", "option", c, {"HORI", "NONE"}) >= 0) sol().label3d = upper(c);
 }
 
 void flab3d(void) {

@@ -7,6 +7,7 @@
 #include "draw/colours.h"
 #include "draw/draw.h"
 #include "mirval.h"
+#include "solids/choice3d.h"
 #include "solids/render3d.h"
 
 #include <cmath>
@@ -553,14 +554,11 @@ void bars3d(const float *x, const float *y, const float *z1, const float *z2, co
 
 void plyini(const char *copt) {
   mv_tracef("plyini(%s)", mv_tstr(copt).c_str());
-  bool user = same(copt, "USER");
-  if (!user && !same(copt, "ABS")) {
-    mv_warn("plyini", "unknown option %s (USER or ABS)", mv_tstr(copt).c_str());
-    return;
-  }
+  int k = choice3d("plyini", "option", copt, {"USER", "ABS"});
+  if (k < 0) return;
   SolidState &s = sol();
   s.ply_open = true;
-  s.ply_user = user;
+  s.ply_user = k == 0;
   s.ply.clear();
 }
 

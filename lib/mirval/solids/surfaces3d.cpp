@@ -11,6 +11,7 @@
 #include "grids/colour_matrix.h"
 #include "mirval.h"
 #include "output/device.h"
+#include "solids/choice3d.h"
 #include "solids/render3d.h"
 
 #include <algorithm>
@@ -245,16 +246,14 @@ void sursze(float xa, float xe, float ya, float ye) {
 
 void suropt(const char *c) {
   mv_tracef("suropt(%s)", mv_tstr(c).c_str());
-  int m = same(c, "BOTH") ? 0 : same(c, "LINES") ? 1 : same(c, "FILL") ? 2 : -1;
-  if (m < 0) mv_warn("suropt", "unknown option %s (BOTH, LINES or FILL)", mv_tstr(c).c_str());
-  else sol().surface_mode = m;
+  int m = choice3d("suropt", "option", c, {"BOTH", "LINES", "FILL"});
+  if (m >= 0) sol().surface_mode = m;
 }
 
 void setfce(const char *c) {
   mv_tracef("setfce(%s)", mv_tstr(c).c_str());
-  int m = same(c, "ALL") ? 0 : same(c, "TOP") ? 1 : same(c, "BOTTOM") ? 2 : -1;
-  if (m < 0) mv_warn("setfce", "unknown side %s (ALL, TOP or BOTTOM)", mv_tstr(c).c_str());
-  else sol().face = m;
+  int m = choice3d("setfce", "side", c, {"ALL", "TOP", "BOTTOM"});
+  if (m >= 0) sol().face = m;
 }
 
 void mshclr(int n) {
