@@ -10,6 +10,20 @@
 
 namespace {
 
+// n by n values of f over the square from -1 to 1.
+struct Grid {
+  int n;
+  std::vector<float> x, z;
+};
+
+Grid square_grid(int n, float (*f)(float, float)) {
+  Grid g{n, std::vector<float>(n), std::vector<float>(n * n)};
+  for (int i = 0; i < n; ++i) g.x[i] = -1 + 2.0f * i / (n - 1);
+  for (int i = 0; i < n; ++i)
+    for (int j = 0; j < n; ++j) g.z[i * n + j] = f(g.x[i], g.x[j]);
+  return g;
+}
+
 // Every contour label of the page as its turned rectangle (text width by capital height).
 std::vector<std::array<Pt, 4>> label_boxes() {
   std::vector<std::array<Pt, 4>> out;
@@ -27,16 +41,12 @@ std::vector<std::array<Pt, 4>> label_boxes() {
 
 TEST_F(AxesTest, LabelsOfCrowdedLevelsNeverOverlap) {
   open("crowded.svg");
-  int n = 81;
-  std::vector<float> x(n), y(n), z(n * n);
-  for (int i = 0; i < n; ++i) x[i] = y[i] = -1 + 2.0f * i / (n - 1);
-  for (int i = 0; i < n; ++i)
-    for (int j = 0; j < n; ++j) z[i * n + j] = float(1 - std::exp(-(x[i] * x[i] + y[j] * y[j]) / 0.05));
+  Grid g = square_grid(81, [](float x, float y) { return float(1 - std::exp(-(x * x + y * y) / 0.05)); });
   axslen(1200, 1200);
   graf(-1, 1, -1, 0.5, -1, 1, -1, 0.5);
   labels("FLOAT", "CONTOUR");
   size_t before = texts().size();
-  for (float level : {0.25f, 0.35f, 0.5f, 0.6f, 0.75f, 0.85f}) contur(x.data(), n, y.data(), n, z.data(), level);
+  for (float level : {0.25f, 0.35f, 0.5f, 0.6f, 0.75f, 0.85f}) contur(g.x.data(), g.n, g.x.data(), g.n, g.z.data(), level);
   std::vector<std::array<Pt, 4>> boxes = label_boxes();
   boxes.erase(boxes.begin(), boxes.begin() + before);  // the axis labels
   ASSERT_GE(boxes.size(), 5u);                         // the levels keep their labels
@@ -48,21 +58,17 @@ TEST_F(AxesTest, LabelsOfCrowdedLevelsNeverOverlap) {
 
 TEST_F(AxesTest, ANewAxisSystemForgetsTheLabelsOfTheLastOne) {
   open("again.svg");
-  int n = 21;
-  std::vector<float> x(n), y(n), z(n * n);
-  for (int i = 0; i < n; ++i) x[i] = y[i] = -1 + 2.0f * i / (n - 1);
-  for (int i = 0; i < n; ++i)
-    for (int j = 0; j < n; ++j) z[i * n + j] = x[i] + 0 * y[j];
+  Grid g = square_grid(21, [](float x, float) { return x; });
   labels("FLOAT", "CONTOUR");
   graf(-1, 1, -1, 0.5, -1, 1, -1, 0.5);
   size_t before = texts().size();
-  contur(x.data(), n, y.data(), n, z.data(), 0);
+  contur(g.x.data(), g.n, g.x.data(), g.n, g.z.data(), 0);
   size_t first = texts().size() - before;
   endgrf();
   erase();
   graf(-1, 1, -1, 0.5, -1, 1, -1, 0.5);
   before = texts().size();
-  contur(x.data(), n, y.data(), n, z.data(), 0);
+  contur(g.x.data(), g.n, g.x.data(), g.n, g.z.data(), 0);
   EXPECT_EQ(texts().size() - before, first);
   EXPECT_GE(first, 1u);
   finish();

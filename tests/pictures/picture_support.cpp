@@ -1,5 +1,6 @@
 #include "picture_support.h"
 #include "core/state.h"
+#include "mirval.h"
 
 #include <algorithm>
 #include <cmath>
@@ -46,4 +47,13 @@ std::vector<std::string> page_texts() {
   for (const Item &it : mirval_state().scene.current().items)
     if (it.kind == ItemKind::Text) out.push_back(it.text);
   return out;
+}
+
+std::string two_line_legend(const char *first, const char *second, int nmaxln, int pos) {
+  std::vector<char> buf(2 * nmaxln + 1);
+  legini(buf.data(), 2, nmaxln);
+  leglin(buf.data(), first, 1);
+  leglin(buf.data(), second, 2);
+  legend(buf.data(), pos);
+  return buf.data();
 }

@@ -50,11 +50,7 @@ void log_axes_and_legend() {
   marker(2);
   curve(x, b, 30);
   color("FORE");
-  char buf[2 * 10 + 1];
-  legini(buf, 2, 10);
-  leglin(buf, "square", 1);
-  leglin(buf, "inverse", 2);
-  legend(buf, 6);
+  two_line_legend("square", "inverse", 10, 6);
 }
 
 void shapes_and_text() {

@@ -211,12 +211,7 @@ TEST_F(SvgTest, LegendShowsEachCurveBesideItsText) {
   color("BLUE");
   curve(x, y, 2);
   color("FORE");
-  char buf[2 * 12 + 1];
-  legini(buf, 2, 12);
-  leglin(buf, "rising", 1);
-  leglin(buf, "also rising", 2);
-  EXPECT_EQ(std::string(buf), "rising      also rising ");
-  legend(buf, 7);
+  EXPECT_EQ(two_line_legend("rising", "also rising", 12, 7), "rising      also rising ");
   auto texts = page_texts();
   EXPECT_TRUE(contains(texts, "rising"));
   EXPECT_TRUE(contains(texts, "also rising"));
