@@ -4,7 +4,6 @@
 #include "core/state.h"
 #include "library_test.h"
 
-#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -20,10 +19,6 @@ double centre_x(const Item *t);
 std::vector<std::string> text_strings();
 // The coordinates of the SVG paths drawn without fill, one list per path.
 std::vector<std::vector<double>> svg_stroke_paths(const std::string &svg);
-// Fails for each of the parts that the text (say, captured warnings) does not contain.
-inline void expect_all_in(const std::string &text, std::initializer_list<const char *> parts) {
-  for (const char *p : parts) EXPECT_NE(text.find(p), std::string::npos) << p << " is not in:\n" << text;
-}
 // Standard error of the code run by f.
 template <class F>
 std::string stderr_of(F f) {

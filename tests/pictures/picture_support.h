@@ -2,7 +2,6 @@
 #pragma once
 #include "library_test.h"
 
-#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -24,7 +23,3 @@ std::vector<std::string> page_texts();
 // A legend of the first two curves (LEGINI, LEGLIN, LEGEND at position pos) with lines of
 // nmaxln characters; returns the lines as LEGLIN left them.
 std::string two_line_legend(const char *first, const char *second, int nmaxln, int pos);
-// Fails for each of the parts that the text (say, captured warnings) does not contain.
-inline void expect_all_in(const std::string &text, std::initializer_list<const char *> parts) {
-  for (const char *p : parts) EXPECT_NE(text.find(p), std::string::npos) << p << " is not in:\n" << text;
-}

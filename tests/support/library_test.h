@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -28,5 +29,9 @@ class PageTest : public LibraryTest {
 
 std::string read_file(const std::string &name);
 bool file_exists(const std::string &name);
+// Fails for each of the parts that the text (say, captured warnings) does not contain.
+inline void expect_all_in(const std::string &text, std::initializer_list<const char *> parts) {
+  for (const char *p : parts) EXPECT_NE(text.find(p), std::string::npos) << p << " is not in:\n" << text;
+}
 // How often 'what' stands in 'text', without overlaps.
 int count(const std::string &text, const std::string &what);
