@@ -2,7 +2,9 @@
 // argument checks and the RESET entries of the field settings.
 #include "axes/axes.h"
 #include "axes/scaling.h"
+#include "core/keywords.h"
 #include "core/messages.h"
+#include "core/trace.h"
 #include "draw/clip.h"
 #include "draw/colours.h"
 #include "draw/draw.h"
@@ -142,6 +144,18 @@ int value_colour(double z, double lo, double hi) {
 }
 
 // ---- checks ------------------------------------------------------------------------------
+
+template <class T>
+void set_option(const char *routine, const char *c, double x, std::initializer_list<FieldOption<T>> options) {
+  for (const FieldOption<T> &o : options)
+    if (same(c, o.key)) {
+      if (in_range(routine, o.what, x, o.lo, o.hi)) mirval_state().field.*o.to = T(x);
+      return;
+    }
+  mv_warn(routine, "unknown option %s", mv_tstr(c).c_str());
+}
+template void set_option(const char *, const char *, double, std::initializer_list<FieldOption<int>>);
+template void set_option(const char *, const char *, double, std::initializer_list<FieldOption<double>>);
 
 bool arrays_ok(const char *routine, int n, int least, std::initializer_list<const void *> arrays) {
   for (const void *a : arrays)

@@ -127,3 +127,15 @@ int value_colour(double z, double lo, double hi);
 // Checks an array argument and a count; warns naming the routine.
 bool arrays_ok(const char *routine, int n, int least, std::initializer_list<const void *> arrays);
 bool finite_all(const float *a, int n);
+// One numeric option of a field routine: its keyword, what a warning calls it, its range and
+// where it is kept.
+template <class T>
+struct FieldOption {
+  const char *key, *what;
+  double lo, hi;
+  T FieldState::*to;
+};
+// Keeps x in the option the keyword c names when x lies in its range; warns about an unknown
+// option.
+template <class T>
+void set_option(const char *routine, const char *c, double x, std::initializer_list<FieldOption<T>> options);

@@ -141,6 +141,13 @@ namespace {
 
 #define TARR(n, kind) mv_tarr(n, kind).c_str()
 
+// Three answers, each where the caller gave room for it.
+void give3(int *a, int *b, int *c, int x, int y, int z) {
+  if (a) *a = x;
+  if (b) *b = y;
+  if (c) *c = z;
+}
+
 }  // namespace
 
 extern "C" {
@@ -179,17 +186,13 @@ void splmod(int n1, int n2) {
 void getsp1(int *nxdis, int *nydis, int *nzdis) {
   mv_tracef("getsp1(nxdis=out, nydis=out, nzdis=out)");
   const FieldState &fs = mirval_state().field;
-  if (nxdis) *nxdis = fs.spl_order;
-  if (nydis) *nydis = fs.spl_points;
-  if (nzdis) *nzdis = fs.spl_last_out;
+  give3(nxdis, nydis, nzdis, fs.spl_order, fs.spl_points, fs.spl_last_out);
 }
 
 void getsp2(int *nxdis, int *nydis, int *nzdis) {
   mv_tracef("getsp2(nxdis=out, nydis=out, nzdis=out)");
   const FieldState &fs = mirval_state().field;
-  if (nxdis) *nxdis = fs.spl_last_in;
-  if (nydis) *nydis = fs.spl_last_out;
-  if (nzdis) *nzdis = fs.spl_last_pieces;
+  give3(nxdis, nydis, nzdis, fs.spl_last_in, fs.spl_last_out, fs.spl_last_pieces);
 }
 
 void linfit(const float *xray, const float *yray, int n, float *a, float *b, float *r, const char *copt) {

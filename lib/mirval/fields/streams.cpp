@@ -604,36 +604,21 @@ void stmmod(const char *c1, const char *c2) {
 
 void stmopt(int n, const char *c) {
   mv_tracef("stmopt(%d, %s)", n, mv_tstr(c).c_str());
-  FieldState &fs = mirval_state().field;
-  if (same(c, "POINTS")) {
-    if (in_range("stmopt", "points", n, 2, 10000000)) fs.stm_points = n;
-  } else if (same(c, "ARROWS")) {
-    if (in_range("stmopt", "arrow distance", n, 0, 100000)) fs.stm_arrow_every = n;
-  } else if (same(c, "LINES")) {
-    if (in_range("stmopt", "lines", n, 1, 1000000)) fs.stm_lines = n;
-  } else if (same(c, "HEAD")) {
-    if (in_range("stmopt", "head length", n, 1, 10000)) fs.stm_head = n;
-  } else {
-    mv_warn("stmopt", "unknown option %s", mv_tstr(c).c_str());
-  }
+  set_option<int>("stmopt", c, n,
+                  {{"POINTS", "points", 2, 10000000, &FieldState::stm_points},
+                   {"ARROWS", "arrow distance", 0, 100000, &FieldState::stm_arrow_every},
+                   {"LINES", "lines", 1, 1000000, &FieldState::stm_lines},
+                   {"HEAD", "head length", 1, 10000, &FieldState::stm_head}});
 }
 
 void stmval(float x, const char *c) {
   mv_tracef("stmval(%g, %s)", (double)x, mv_tstr(c).c_str());
-  FieldState &fs = mirval_state().field;
-  if (same(c, "DISTANCE")) {
-    if (in_range("stmval", "distance", x, 2, 100000)) fs.stm_distance = x;
-  } else if (same(c, "TEST")) {
-    if (in_range("stmval", "test share", x, 0.05, 1)) fs.stm_test = x;
-  } else if (same(c, "ACCURACY")) {
-    if (in_range("stmval", "accuracy", x, 1e-12, 0.1)) fs.stm_accuracy = x;
-  } else if (same(c, "STEP")) {
-    if (in_range("stmval", "step", x, 0.01, 10000)) fs.stm_step = x;
-  } else if (same(c, "SPEED")) {
-    if (in_range("stmval", "speed share", x, 0, 1)) fs.stm_speed = x;
-  } else {
-    mv_warn("stmval", "unknown option %s", mv_tstr(c).c_str());
-  }
+  set_option<double>("stmval", c, x,
+                     {{"DISTANCE", "distance", 2, 100000, &FieldState::stm_distance},
+                      {"TEST", "test share", 0.05, 1, &FieldState::stm_test},
+                      {"ACCURACY", "accuracy", 1e-12, 0.1, &FieldState::stm_accuracy},
+                      {"STEP", "step", 0.01, 10000, &FieldState::stm_step},
+                      {"SPEED", "speed share", 0, 1, &FieldState::stm_speed}});
 }
 
 void licmod(const char *c1, const char *c2) {

@@ -117,6 +117,26 @@ void compose(const double m[6]) {
   std::copy(r, r + 6, t);
 }
 
+// TRFCO2 and TRFCO3: the points from one system of dims dimensions into another, in place;
+// z is null in 2-D.
+void convert_points(const char *routine, int dims, float *x, float *y, float *z, int n, const char *cfrom,
+                    const char *cto) {
+  int a = coord_system(cfrom, dims), b = coord_system(cto, dims);
+  if (a < 0 || b < 0) {
+    mv_warn(routine, "unknown system %s (%s)", mv_tstr(a < 0 ? cfrom : cto).c_str(),
+            dims == 2 ? "RECT or POLAR" : "RECT, CYLI or SPHE");
+    return;
+  }
+  if (a == b) return;
+  for (int k = 0; k < n; ++k) {
+    double cx, cy, cz, p, q, r;
+    to_cartesian(a, x[k], y[k], z ? z[k] : 0, cx, cy, cz);
+    from_cartesian(b, cx, cy, cz, p, q, r);
+    x[k] = float(p), y[k] = float(q);
+    if (z) z[k] = float(r);
+  }
+}
+
 }  // namespace
 
 extern "C" {
@@ -137,37 +157,13 @@ void trfco1(float *xray, int n, const char *cfrom, const char *cto) {
 void trfco2(float *xray, float *yray, int n, const char *cfrom, const char *cto) {
   mv_tracef("trfco2(xray=%s, yray=%s, n=%d, cfrom=%s, cto=%s)", TARR(n, "floats"), TARR(n, "floats"), n,
             mv_tstr(cfrom).c_str(), mv_tstr(cto).c_str());
-  if (!arrays_ok("trfco2", n, 1, {xray, yray})) return;
-  int a = coord_system(cfrom, 2), b = coord_system(cto, 2);
-  if (a < 0 || b < 0) {
-    mv_warn("trfco2", "unknown system %s (RECT or POLAR)", mv_tstr(a < 0 ? cfrom : cto).c_str());
-    return;
-  }
-  if (a == b) return;
-  for (int k = 0; k < n; ++k) {
-    double x, y, z, p, q, r;
-    to_cartesian(a, xray[k], yray[k], 0, x, y, z);
-    from_cartesian(b, x, y, z, p, q, r);
-    xray[k] = float(p), yray[k] = float(q);
-  }
+  if (arrays_ok("trfco2", n, 1, {xray, yray})) convert_points("trfco2", 2, xray, yray, nullptr, n, cfrom, cto);
 }
 
 void trfco3(float *xray, float *yray, float *zray, int n, const char *cfrom, const char *cto) {
   mv_tracef("trfco3(xray=%s, yray=%s, zray=%s, n=%d, cfrom=%s, cto=%s)", TARR(n, "floats"), TARR(n, "floats"),
             TARR(n, "floats"), n, mv_tstr(cfrom).c_str(), mv_tstr(cto).c_str());
-  if (!arrays_ok("trfco3", n, 1, {xray, yray, zray})) return;
-  int a = coord_system(cfrom, 3), b = coord_system(cto, 3);
-  if (a < 0 || b < 0) {
-    mv_warn("trfco3", "unknown system %s (RECT, CYLI or SPHE)", mv_tstr(a < 0 ? cfrom : cto).c_str());
-    return;
-  }
-  if (a == b) return;
-  for (int k = 0; k < n; ++k) {
-    double x, y, z, p, q, r;
-    to_cartesian(a, xray[k], yray[k], zray[k], x, y, z);
-    from_cartesian(b, x, y, z, p, q, r);
-    xray[k] = float(p), yray[k] = float(q), zray[k] = float(r);
-  }
+  if (arrays_ok("trfco3", n, 1, {xray, yray, zray})) convert_points("trfco3", 3, xray, yray, zray, n, cfrom, cto);
 }
 
 void trfmat(const float *zmat, int nx, int ny, float *zmat2, int nx2, int ny2) {

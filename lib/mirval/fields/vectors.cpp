@@ -260,26 +260,21 @@ void field(const float *x1ray, const float *y1ray, const float *x2ray, const flo
 
 void vecopt(float x, const char *c) {
   mv_tracef("vecopt(%g, %s)", (double)x, mv_tstr(c).c_str());
-  FieldState &f = mirval_state().field;
   if (!std::isfinite(x)) {
     mv_warn("vecopt", "the value %g is not a number", (double)x);
     return;
   }
-  if (same(c, "SCALE")) {
-    if (in_range("vecopt", "scale", x, 0, 1e9)) f.vec_scale = x;
-  } else if (same(c, "LENGTH")) {
-    if (in_range("vecopt", "length", x, 0, 100000)) f.vec_length = x;
-  } else if (same(c, "HEAD") || same(c, "SIZE")) {
-    if (in_range("vecopt", "head length", x, 0, 10000)) f.vec_head = x;
-  } else if (same(c, "ANGLE")) {
-    if (in_range("vecopt", "head angle", x, 5, 80)) f.vec_angle = x;
-  } else if (same(c, "POSITION")) {
-    if (in_range("vecopt", "position", x, 0, 1)) f.vec_position = x;
-  } else if (same(c, "UNIFORM")) {
-    f.vec_uniform = x != 0;
-  } else {
-    mv_warn("vecopt", "unknown option %s", mv_tstr(c).c_str());
+  if (same(c, "UNIFORM")) {
+    mirval_state().field.vec_uniform = x != 0;
+    return;
   }
+  set_option<double>("vecopt", c, x,
+                     {{"SCALE", "scale", 0, 1e9, &FieldState::vec_scale},
+                      {"LENGTH", "length", 0, 100000, &FieldState::vec_length},
+                      {"HEAD", "head length", 0, 10000, &FieldState::vec_head},
+                      {"SIZE", "head length", 0, 10000, &FieldState::vec_head},
+                      {"ANGLE", "head angle", 5, 80, &FieldState::vec_angle},
+                      {"POSITION", "position", 0, 1, &FieldState::vec_position}});
 }
 
 void vecclr(int n) {
