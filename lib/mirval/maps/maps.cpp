@@ -266,8 +266,11 @@ const std::vector<std::string> &continent(const std::string &code) {
   return v;
 }
 
+// SHDAFR ... SHDUSA: the countries of one continent, traced under the routine's name.
 void shade_countries(const char *routine, const char *cont, const int *inray, const int *ipray,
                      const int *icray, int n) {
+  mv_tracef("%s(inray=%s, ipray=%s, icray=%s, n=%d)", routine, mv_tarr(n, "ints").c_str(), mv_tarr(n, "ints").c_str(),
+            mv_tarr(n, "ints").c_str(), n);
   if (!mv_level(routine, 2, 2)) return;
   if (n < 1) {
     mv_warn(routine, "count %d below 1", n);
@@ -729,31 +732,24 @@ void setcbk(MvProjectionCb cb, const char *copt) {
 }
 
 void shdafr(const int *inray, const int *ipray, const int *icray, int n) {
-  mv_tracef("shdafr(inray=%s, ipray=%s, icray=%s, n=%d)", mv_tarr(n, "ints").c_str(), mv_tarr(n, "ints").c_str(), mv_tarr(n, "ints").c_str(), n);
   shade_countries("shdafr", "AF", inray, ipray, icray, n);
 }
 void shdasi(const int *inray, const int *ipray, const int *icray, int n) {
-  mv_tracef("shdasi(inray=%s, ipray=%s, icray=%s, n=%d)", mv_tarr(n, "ints").c_str(), mv_tarr(n, "ints").c_str(), mv_tarr(n, "ints").c_str(), n);
   shade_countries("shdasi", "AS", inray, ipray, icray, n);
 }
 void shdaus(const int *inray, const int *ipray, const int *icray, int n) {
-  mv_tracef("shdaus(inray=%s, ipray=%s, icray=%s, n=%d)", mv_tarr(n, "ints").c_str(), mv_tarr(n, "ints").c_str(), mv_tarr(n, "ints").c_str(), n);
   shade_countries("shdaus", "OC", inray, ipray, icray, n);
 }
 void shdeur(const int *inray, const int *ipray, const int *icray, int n) {
-  mv_tracef("shdeur(inray=%s, ipray=%s, icray=%s, n=%d)", mv_tarr(n, "ints").c_str(), mv_tarr(n, "ints").c_str(), mv_tarr(n, "ints").c_str(), n);
   shade_countries("shdeur", "EU", inray, ipray, icray, n);
 }
 void shdnor(const int *inray, const int *ipray, const int *icray, int n) {
-  mv_tracef("shdnor(inray=%s, ipray=%s, icray=%s, n=%d)", mv_tarr(n, "ints").c_str(), mv_tarr(n, "ints").c_str(), mv_tarr(n, "ints").c_str(), n);
   shade_countries("shdnor", "NA", inray, ipray, icray, n);
 }
 void shdsou(const int *inray, const int *ipray, const int *icray, int n) {
-  mv_tracef("shdsou(inray=%s, ipray=%s, icray=%s, n=%d)", mv_tarr(n, "ints").c_str(), mv_tarr(n, "ints").c_str(), mv_tarr(n, "ints").c_str(), n);
   shade_countries("shdsou", "SA", inray, ipray, icray, n);
 }
 void shdusa(const int *inray, const int *ipray, const int *icray, int n) {
-  mv_tracef("shdusa(inray=%s, ipray=%s, icray=%s, n=%d)", mv_tarr(n, "ints").c_str(), mv_tarr(n, "ints").c_str(), mv_tarr(n, "ints").c_str(), n);
   shade_countries("shdusa", "US", inray, ipray, icray, n);
 }
 
