@@ -206,11 +206,7 @@ void bargrp(int n, float x) {
 
 void barwth(float x) {
   mv_tracef("barwth(%g)", (double)x);
-  if (!std::isfinite(x) || std::fabs(x) > 1e6) {
-    mv_warn("barwth", "width %g out of range", (double)x);
-    return;
-  }
-  mirval_state().chart.bar_width = x;
+  if (bounded("barwth", "width", x, 1e6)) mirval_state().chart.bar_width = x;
 }
 
 void barpos(const char *c) {
@@ -267,9 +263,8 @@ void baropt(float x1, float x2) {
 
 void chnbar(const char *c) {
   mv_tracef("chnbar(%s)", mv_tstr(c).c_str());
-  int k = keyword_index(c, {"NONE", "COLOR", "PATTERN", "BOTH"});
+  int k = keyword("chnbar", "option", c, {"NONE", "COLOR", "PATTERN", "BOTH"});
   if (k >= 0) mirval_state().chart.bar_change = k, mirval_state().chart.bar_changed = 0;
-  else mv_warn("chnbar", "unknown option %s", mv_tstr(c).c_str());
 }
 
 void fbars(const float *xray, const float *y1ray, const float *y2ray, const float *y3ray, const float *y4ray, int n) {

@@ -3,6 +3,7 @@
 #include "plots/charts.h"
 #include "axes/axes.h"
 #include "axes/scaling.h"
+#include "core/messages.h"
 #include "draw/clip.h"
 #include "draw/colours.h"
 #include "draw/draw.h"
@@ -42,6 +43,12 @@ void crossings(Pt a, Pt b, const std::vector<Pt> &poly, std::vector<double> &ts)
 }
 
 }  // namespace
+
+bool bounded(const char *routine, const char *what, double x, double limit) {
+  if (std::isfinite(x) && std::fabs(x) <= limit) return true;
+  mv_warn(routine, "%s %g out of range", what, x);
+  return false;
+}
 
 Rgb cycle_rgb(int k) {
   const ChartState &c = mirval_state().chart;

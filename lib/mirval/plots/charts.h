@@ -20,6 +20,9 @@ void chart_area(const Path &p, Rgb fill, int pattern, bool outlined, Rgb border)
 std::string chart_value(double v, LabelType type, int digits);
 // A colour made darker (f < 1) or lighter towards white (f > 1).
 Rgb shade(Rgb c, double f);
+// Whether a chart setting x is finite and at most 'limit' in size; otherwise the routine warns
+// about 'what'.
+bool bounded(const char *routine, const char *what, double x, double limit);
 
 // Histogram of data: bins of a round width (1, 2 or 5 times a power of ten) chosen so that
 // there are about ceil(log2 m) + 1 of them for m values (Sturges' rule), starting at a multiple

@@ -250,9 +250,8 @@ void nochek(void) {
 
 void chncrv(const char *c) {
   mv_tracef("chncrv(%s)", mv_tstr(c).c_str());
-  int k = keyword_index(c, {"NONE", "COLOR", "LINE", "BOTH"});
+  int k = keyword("chncrv", "option", c, {"NONE", "COLOR", "LINE", "BOTH"});
   if (k >= 0) mirval_state().curve.change = k, mirval_state().curve.changed = 0;
-  else mv_warn("chncrv", "unknown option %s", mv_tstr(c).c_str());
 }
 
 void errbar(const float *xray, const float *yray, const float *e1ray, const float *e2ray, int n) {

@@ -395,18 +395,13 @@ void piebor(int n) {
 
 void pierot(float x) {
   mv_tracef("pierot(%g)", (double)x);
-  if (!std::isfinite(x) || std::fabs(x) > 36000) {
-    mv_warn("pierot", "angle %g out of range", (double)x);
-    return;
-  }
-  mirval_state().chart.pie_rotation = x;
+  if (bounded("pierot", "angle", x, 36000)) mirval_state().chart.pie_rotation = x;
 }
 
 void chnpie(const char *c) {
   mv_tracef("chnpie(%s)", mv_tstr(c).c_str());
-  int k = keyword_index(c, {"NONE", "COLOR", "PATTERN", "BOTH"});
+  int k = keyword("chnpie", "option", c, {"NONE", "COLOR", "PATTERN", "BOTH"});
   if (k >= 0) mirval_state().chart.pie_change = k;
-  else mv_warn("chnpie", "unknown option %s", mv_tstr(c).c_str());
 }
 
 void piecbk(MvPieCb cb) {
