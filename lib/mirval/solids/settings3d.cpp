@@ -434,6 +434,15 @@ bool rel_point(const char *routine, float x, float y, float z, float &xp, float 
   return true;
 }
 
+// ABS3PT and REL3PT: the page point given back where the caller has room for it.
+void give_point(bool (*point)(const char *, float, float, float, float &, float &), const char *routine, float x,
+                float y, float z, float *xp, float *yp) {
+  float a, b;
+  point(routine, x, y, z, a, b);
+  if (xp) *xp = a;
+  if (yp) *yp = b;
+}
+
 bool box_point(const char *routine, float x, float y, float z, float out[3]) {
   out[0] = out[1] = out[2] = 0;
   if (!mv_level(routine, 3, 3) || !finite3(routine, x, y, z)) return false;
@@ -447,18 +456,12 @@ extern "C" {
 
 void abs3pt(float x, float y, float z, float *xp, float *yp) {
   mv_tracef("abs3pt(x=%g, y=%g, z=%g, xp=out, yp=out)", (double)x, (double)y, (double)z);
-  float a, b;
-  abs_point("abs3pt", x, y, z, a, b);
-  if (xp) *xp = a;
-  if (yp) *yp = b;
+  give_point(abs_point, "abs3pt", x, y, z, xp, yp);
 }
 
 void rel3pt(float x, float y, float z, float *xp, float *yp) {
   mv_tracef("rel3pt(x=%g, y=%g, z=%g, xp=out, yp=out)", (double)x, (double)y, (double)z);
-  float a, b;
-  rel_point("rel3pt", x, y, z, a, b);
-  if (xp) *xp = a;
-  if (yp) *yp = b;
+  give_point(rel_point, "rel3pt", x, y, z, xp, yp);
 }
 
 void pos3pt(float x, float y, float z, float *xp, float *yp, float *zp) {
