@@ -731,27 +731,19 @@ void setcbk(MvProjectionCb cb, const char *copt) {
   ms().user = cb;
 }
 
-void shdafr(const int *inray, const int *ipray, const int *icray, int n) {
-  shade_countries("shdafr", "AF", inray, ipray, icray, n);
-}
-void shdasi(const int *inray, const int *ipray, const int *icray, int n) {
-  shade_countries("shdasi", "AS", inray, ipray, icray, n);
-}
-void shdaus(const int *inray, const int *ipray, const int *icray, int n) {
-  shade_countries("shdaus", "OC", inray, ipray, icray, n);
-}
-void shdeur(const int *inray, const int *ipray, const int *icray, int n) {
-  shade_countries("shdeur", "EU", inray, ipray, icray, n);
-}
-void shdnor(const int *inray, const int *ipray, const int *icray, int n) {
-  shade_countries("shdnor", "NA", inray, ipray, icray, n);
-}
-void shdsou(const int *inray, const int *ipray, const int *icray, int n) {
-  shade_countries("shdsou", "SA", inray, ipray, icray, n);
-}
-void shdusa(const int *inray, const int *ipray, const int *icray, int n) {
-  shade_countries("shdusa", "US", inray, ipray, icray, n);
-}
+// The continents' shading routines, each under its own name.
+#define SHADE(NAME, CONT)                                                    \
+  void NAME(const int *inray, const int *ipray, const int *icray, int n) {   \
+    shade_countries(#NAME, CONT, inray, ipray, icray, n);                    \
+  }
+SHADE(shdafr, "AF")
+SHADE(shdasi, "AS")
+SHADE(shdaus, "OC")
+SHADE(shdeur, "EU")
+SHADE(shdnor, "NA")
+SHADE(shdsou, "SA")
+SHADE(shdusa, "US")
+#undef SHADE
 
 void mapfil(const char *c1, const char *c2) {
   mv_tracef("mapfil(%s, %s)", mv_tstr(c1).c_str(), mv_tstr(c2).c_str());
