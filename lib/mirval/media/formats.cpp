@@ -3,6 +3,7 @@
 // plotters) are kept under their names, so that a script that sets them runs unchanged.
 #include "core/keywords.h"
 #include "core/messages.h"
+#include "core/reset.h"
 #include "core/state.h"
 #include "core/trace.h"
 #include "draw/draw.h"
@@ -81,7 +82,7 @@ void keyed(const char *routine, const char *format, const char *value, const cha
 }  // namespace
 
 void media_reset_formats(MirvalState &st) {
-  renew(st.media, &MediaState::formats, &MediaState::bookmarks, &MediaState::timing);
+  restore<&MirvalState::media, &MediaState::formats, &MediaState::bookmarks, &MediaState::timing>(st);
 }
 
 extern "C" {

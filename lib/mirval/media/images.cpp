@@ -2,6 +2,7 @@
 // writing the page or a part of it (WIMAGE, WTIFF, EXPIMG), and file facts (FILSIZ, FILTYP).
 #include "core/keywords.h"
 #include "core/messages.h"
+#include "core/reset.h"
 #include "core/trace.h"
 #include "draw/colours.h"
 #include "draw/draw.h"
@@ -127,9 +128,10 @@ void recolour(RasterImage &img, const std::string &mode) {
 }  // namespace
 
 void media_reset_images(MirvalState &st) {
-  renew(st.media, &MediaState::tiforg_x, &MediaState::tiforg_y, &MediaState::tifwin, &MediaState::img_w,
-        &MediaState::img_h, &MediaState::img_box, &MediaState::img_clip, &MediaState::img_fmt, &MediaState::img_mode,
-        &MediaState::img_tpr, &MediaState::fil_box, &MediaState::fil_win, &MediaState::fil_clr, &MediaState::fil_opt);
+  restore<&MirvalState::media, &MediaState::tiforg_x, &MediaState::tiforg_y, &MediaState::tifwin,
+          &MediaState::img_w, &MediaState::img_h, &MediaState::img_box, &MediaState::img_clip,
+          &MediaState::img_fmt, &MediaState::img_mode, &MediaState::img_tpr, &MediaState::fil_box,
+          &MediaState::fil_win, &MediaState::fil_clr, &MediaState::fil_opt>(st);
 }
 
 extern "C" {

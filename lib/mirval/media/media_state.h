@@ -82,16 +82,6 @@ struct MediaState {
   size_t rendered_pages = 0;
 };
 
-// Puts the given fields of m back to their first values, for the RESET entries below.
-template <class T> void renew_field(T &to, const T &from) { to = from; }
-template <class T, size_t N> void renew_field(T (&to)[N], const T (&from)[N]) {
-  for (size_t i = 0; i < N; ++i) to[i] = from[i];
-}
-template <class... F> void renew(MediaState &m, F MediaState::*...field) {
-  const MediaState fresh;
-  (renew_field(m.*field, fresh.*field), ...);
-}
-
 void media_reset_tex(MirvalState &st);
 void media_reset_mix(MirvalState &st);
 void media_reset_chars(MirvalState &st);

@@ -2,6 +2,7 @@
 // honours through the layout of media/formula.cpp.
 #include "core/keywords.h"
 #include "core/messages.h"
+#include "core/reset.h"
 #include "core/state.h"
 #include "core/trace.h"
 #include "draw/draw.h"
@@ -71,19 +72,19 @@ thread_local std::string result;  // text results of the getters stay valid unti
 }  // namespace
 
 void media_reset_tex(MirvalState &st) {
-  renew(st.media, &MediaState::tex, &MediaState::tex_style, &MediaState::tex_italic, &MediaState::tex_scale,
-        &MediaState::tex_raise, &MediaState::tex_lower);
+  restore<&MirvalState::media, &MediaState::tex, &MediaState::tex_style, &MediaState::tex_italic,
+          &MediaState::tex_scale, &MediaState::tex_raise, &MediaState::tex_lower>(st);
 }
 
 void media_reset_mix(MirvalState &st) {
-  renew(st.media, &MediaState::mix, &MediaState::mix_legend, &MediaState::base, &MediaState::sup, &MediaState::sub,
-        &MediaState::res, &MediaState::shifts, &MediaState::nation);
+  restore<&MirvalState::media, &MediaState::mix, &MediaState::mix_legend, &MediaState::base,
+          &MediaState::sup, &MediaState::sub, &MediaState::res, &MediaState::shifts, &MediaState::nation>(st);
 }
 
 void media_reset_chars(MirvalState &st) {
-  renew(st.media, &MediaState::slant, &MediaState::stretch, &MediaState::spacing, &MediaState::fixed,
-        &MediaState::line_spacing, &MediaState::text_bg, &MediaState::frame, &MediaState::codes,
-        &MediaState::stroke_font, &MediaState::unit, &MediaState::units);
+  restore<&MirvalState::media, &MediaState::slant, &MediaState::stretch, &MediaState::spacing,
+          &MediaState::fixed, &MediaState::line_spacing, &MediaState::text_bg, &MediaState::frame,
+          &MediaState::codes, &MediaState::stroke_font, &MediaState::unit, &MediaState::units>(st);
 }
 
 extern "C" {

@@ -45,41 +45,6 @@ bool exists(const std::string &name) {
   return stat(name.c_str(), &st) == 0;
 }
 
-static bool write_all(int fd, const std::string &bytes) {
-  bool ok = true;
-  for (size_t done = 0; ok && done < bytes.size();) {
-    ssize_t n = write(fd, bytes.data() + done, bytes.size() - done);
-    if (n < 0 && errno == EINTR) continue;
-    ok = n > 0;
-    if (ok) done += static_cast<size_t>(n);
-  }
-  return close(fd) == 0 && ok;
-}
-
-// Writes the bytes to a temporary file beside 'name' and renames it into place, so that a
-// reader never sees a half-written picture. A name that is not a plain file (/dev/null, a
-// pipe, /dev/stdout, a link) is written through, never replaced.
-bool replace_file(const std::string &name, const std::string &bytes) {
-  struct stat st;
-  if (lstat(name.c_str(), &st) == 0 && !S_ISREG(st.st_mode)) {
-    int fd = open(name.c_str(), O_WRONLY | O_TRUNC | O_CREAT, 0666);
-    return fd >= 0 && write_all(fd, bytes);
-  }
-  size_t slash = name.rfind('/');
-  std::string dir = slash == std::string::npos ? "" : name.substr(0, slash + 1);
-  std::string base = slash == std::string::npos ? name : name.substr(slash + 1);
-  std::string tmp = dir + "." + base + ".XXXXXX";
-  int fd = mkstemp(&tmp[0]);
-  if (fd < 0) return false;
-  mode_t mask = umask(0);
-  umask(mask);
-  bool ok = fchmod(fd, 0666 & ~mask) == 0;
-  ok = write_all(fd, bytes) && ok;
-  ok = ok && std::rename(tmp.c_str(), name.c_str()) == 0;
-  if (!ok) std::remove(tmp.c_str());
-  return ok;
-}
-
 // Vector pages are measured in points: one plot unit is 0.1 mm.
 constexpr double points_per_unit = 72.0 / 254.0;
 
@@ -245,6 +210,38 @@ std::string render_raster(Format f, int &w, int &h) {
 }
 
 }  // namespace
+
+static bool write_all(int fd, const std::string &bytes) {
+  bool ok = true;
+  for (size_t done = 0; ok && done < bytes.size();) {
+    ssize_t n = write(fd, bytes.data() + done, bytes.size() - done);
+    if (n < 0 && errno == EINTR) continue;
+    ok = n > 0;
+    if (ok) done += static_cast<size_t>(n);
+  }
+  return close(fd) == 0 && ok;
+}
+
+bool replace_file(const std::string &name, const std::string &bytes) {
+  struct stat st;
+  if (lstat(name.c_str(), &st) == 0 && !S_ISREG(st.st_mode)) {
+    int fd = open(name.c_str(), O_WRONLY | O_TRUNC | O_CREAT, 0666);
+    return fd >= 0 && write_all(fd, bytes);
+  }
+  size_t slash = name.rfind('/');
+  std::string dir = slash == std::string::npos ? "" : name.substr(0, slash + 1);
+  std::string base = slash == std::string::npos ? name : name.substr(slash + 1);
+  std::string tmp = dir + "." + base + ".XXXXXX";
+  int fd = mkstemp(&tmp[0]);
+  if (fd < 0) return false;
+  mode_t mask = umask(0);
+  umask(mask);
+  bool ok = fchmod(fd, 0666 & ~mask) == 0;
+  ok = write_all(fd, bytes) && ok;
+  ok = ok && std::rename(tmp.c_str(), name.c_str()) == 0;
+  if (!ok) std::remove(tmp.c_str());
+  return ok;
+}
 
 const char *format_name(Format f) { return row(f).name; }
 const char *format_ext(Format f) { return row(f).ext; }

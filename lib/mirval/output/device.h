@@ -16,6 +16,9 @@ void choose_file();
 void raster_size(int &w, int &h);
 // Renders every page and writes the output file, then says so on the message line.
 void write_output(const char *routine, bool announce);
+// Writes a file whole: under a temporary name renamed into place, so that no reader sees half
+// of it; a name that is a link, a pipe or a device is written through. False on failure.
+bool replace_file(const std::string &name, const std::string &bytes);
 // The bytes of a vector file (PDF, SVG, PS, EPS) as MIRFIN writes them.
 std::string vector_file(Format f);
 // The foreground and background colours (SCRMOD swaps them).

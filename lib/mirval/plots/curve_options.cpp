@@ -10,6 +10,7 @@
 #include "draw/draw.h"
 #include "grids/colour_matrix.h"
 #include "mirval.h"
+#include "output/device.h"
 #include "plots/charts.h"
 #include "plots/curves.h"
 
@@ -207,17 +208,13 @@ void vltfil(const char *cfl, const char *cmode) {
   }
   std::array<Rgb, 256> &table = mirval_state().colours.table;
   if (same(cmode, "SAVE")) {
-    std::string tmp = std::string(cfl) + ".part";
-    FILE *f = std::fopen(tmp.c_str(), "w");
-    if (!f) {
-      mv_warn("vltfil", "cannot write %s: %s", cfl, std::strerror(errno));
-      return;
+    std::string text;
+    char line[64];
+    for (const Rgb &c : table) {
+      std::snprintf(line, sizeof line, "%.6f %.6f %.6f\n", c.r, c.g, c.b);
+      text += line;
     }
-    for (const Rgb &c : table) std::fprintf(f, "%.6f %.6f %.6f\n", c.r, c.g, c.b);
-    if (std::fclose(f) != 0 || std::rename(tmp.c_str(), cfl) != 0) {
-      std::remove(tmp.c_str());
-      mv_warn("vltfil", "cannot write %s", cfl);
-    }
+    if (!replace_file(cfl, text)) mv_warn("vltfil", "cannot write %s: %s", cfl, std::strerror(errno));
   } else if (same(cmode, "LOAD")) {
     FILE *f = std::fopen(cfl, "r");
     if (!f) {
