@@ -22,6 +22,22 @@ int keyword(const char *routine, const char *what, const char *a, std::initializ
   return k;
 }
 
+int listed_keyword(const char *routine, const char *what, const char *a, std::initializer_list<const char *> names) {
+  int k = keyword_index(a, names);
+  if (k < 0) mv_warn(routine, "unknown %s %s (%s)", what, mv_tstr(a).c_str(), word_list(names, " or ").c_str());
+  return k;
+}
+
+std::string word_list(std::initializer_list<const char *> words, const char *last) {
+  std::string s;
+  size_t k = 0;
+  for (const char *w : words) {
+    if (k++) s += k == words.size() ? last : ", ";
+    s += w;
+  }
+  return s;
+}
+
 std::string trimmed(const char *s) {
   std::string t = s ? s : "";
   t.erase(t.find_last_not_of(' ') + 1);

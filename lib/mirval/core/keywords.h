@@ -14,3 +14,7 @@ std::string trimmed(const char *s);
 int keyword_index(const char *a, std::initializer_list<const char *> names);
 // The same, with a warning of the routine about its argument 'what' for -1.
 int keyword(const char *routine, const char *what, const char *a, std::initializer_list<const char *> names);
+// The same, with a warning that lists the names: "unknown WHAT a (A, B or C)".
+int listed_keyword(const char *routine, const char *what, const char *a, std::initializer_list<const char *> names);
+// "A, B, C", or with last " or ", "A, B or C".
+std::string word_list(std::initializer_list<const char *> words, const char *last = ", ");

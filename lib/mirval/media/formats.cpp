@@ -29,22 +29,9 @@ void keep(const char *format, const char *key, const std::string &value) {
 
 bool one_of(const char *c, std::initializer_list<const char *> words) { return keyword_index(c, words) >= 0; }
 
-// "A, B, C" or, with last " or ", "A, B or C".
-std::string list_of(std::initializer_list<const char *> words, const char *last = ", ") {
-  std::string s;
-  size_t k = 0;
-  for (const char *w : words) {
-    if (k++) s += k == words.size() ? last : ", ";
-    s += w;
-  }
-  return s;
-}
-
 // Whether c is one of the words; otherwise one warning that lists them.
 bool choice(const char *routine, const char *what, const char *c, std::initializer_list<const char *> words) {
-  if (one_of(c, words)) return true;
-  mv_warn(routine, "unknown %s %s (%s)", what, mv_tstr(c).c_str(), list_of(words, " or ").c_str());
-  return false;
+  return listed_keyword(routine, what, c, words) >= 0;
 }
 
 // RESOLUTION of TIFMOD and BMPMOD: n dots per inch or per cm, kept per inch.
@@ -65,7 +52,7 @@ uint32_t back_rgb24() {
 void keyed(const char *routine, const char *format, const char *value, const char *key,
            std::initializer_list<const char *> keys, std::initializer_list<const char *> onoff) {
   if (!one_of(key, keys)) {
-    mv_warn(routine, "unknown option %s (%s)", mv_tstr(key).c_str(), list_of(keys).c_str());
+    mv_warn(routine, "unknown option %s (%s)", mv_tstr(key).c_str(), word_list(keys).c_str());
     return;
   }
   if (one_of(key, onoff) && !one_of(value, {"ON", "OFF"})) {

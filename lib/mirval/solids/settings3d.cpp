@@ -8,7 +8,6 @@
 #include "draw/draw.h"
 #include "grids/surface.h"
 #include "mirval.h"
-#include "solids/choice3d.h"
 #include "solids/render3d.h"
 
 #include <cmath>
@@ -139,14 +138,14 @@ extern "C" {
 
 void light(const char *c) {
   mv_tracef("light(%s)", mv_tstr(c).c_str());
-  int k = choice3d("light", "option", c, {"ON", "OFF"});
+  int k = listed_keyword("light", "option", c, {"ON", "OFF"});
   if (k >= 0) sol().lighting = k == 0;
 }
 
 void litmod(int id, const char *c) {
   mv_tracef("litmod(%d, %s)", id, mv_tstr(c).c_str());
   if (!light_id("litmod", id)) return;
-  int k = choice3d("litmod", "option", c, {"ON", "OFF"});
+  int k = listed_keyword("litmod", "option", c, {"ON", "OFF"});
   if (k >= 0) sol().lights[id - 1].on = k == 0;
 }
 
@@ -253,7 +252,7 @@ void zbffin(void) {
 
 void zbfmod(const char *c) {
   mv_tracef("zbfmod(%s)", mv_tstr(c).c_str());
-  int m = choice3d("zbfmod", "option", c, {"AUTO", "RASTER", "VECTOR"});
+  int m = listed_keyword("zbfmod", "option", c, {"AUTO", "RASTER", "VECTOR"});
   if (m >= 0) sol().zbf_mode = m;
 }
 
@@ -309,7 +308,7 @@ void nohide(void) {
 
 void clip3d(const char *c) {
   mv_tracef("clip3d(%s)", mv_tstr(c).c_str());
-  int m = choice3d("clip3d", "option", c, {"NONE", "2D", "3D"});
+  int m = listed_keyword("clip3d", "option", c, {"NONE", "2D", "3D"});
   if (m >= 0) sol().clip = m;
 }
 
@@ -325,7 +324,7 @@ void proj3d(const char *c) {
 void vfoc3d(float x, float y, float z, const char *c) {
   mv_tracef("vfoc3d(%g, %g, %g, %s)", (double)x, (double)y, (double)z, mv_tstr(c).c_str());
   if (!finite3("vfoc3d", x, y, z)) return;
-  int k = choice3d("vfoc3d", "option", c, {"ABS", "USER"});
+  int k = listed_keyword("vfoc3d", "option", c, {"ABS", "USER"});
   if (k < 0) return;
   Space3D &sp = mirval_state().space;
   sp.focus[0] = x, sp.focus[1] = y, sp.focus[2] = z;
@@ -511,7 +510,7 @@ extern "C" {
 
 void labl3d(const char *c) {
   mv_tracef("labl3d(%s)", mv_tstr(c).c_str());
-  if (choice3d("labl3d", "option", c, {"HORI", "NONE"}) >= 0) sol().label3d = upper(c);
+  if (listed_keyword("labl3d", "option", c, {"HORI", "NONE"}) >= 0) sol().label3d = upper(c);
 }
 
 void flab3d(void) {

@@ -7,7 +7,6 @@
 #include "draw/colours.h"
 #include "draw/draw.h"
 #include "mirval.h"
-#include "solids/choice3d.h"
 #include "solids/render3d.h"
 
 #include <cmath>
@@ -554,7 +553,7 @@ void bars3d(const float *x, const float *y, const float *z1, const float *z2, co
 
 void plyini(const char *copt) {
   mv_tracef("plyini(%s)", mv_tstr(copt).c_str());
-  int k = choice3d("plyini", "option", copt, {"USER", "ABS"});
+  int k = listed_keyword("plyini", "option", copt, {"USER", "ABS"});
   if (k < 0) return;
   SolidState &s = sol();
   s.ply_open = true;

@@ -11,7 +11,6 @@
 #include "grids/colour_matrix.h"
 #include "mirval.h"
 #include "output/device.h"
-#include "solids/choice3d.h"
 #include "solids/render3d.h"
 
 #include <algorithm>
@@ -246,13 +245,13 @@ void sursze(float xa, float xe, float ya, float ye) {
 
 void suropt(const char *c) {
   mv_tracef("suropt(%s)", mv_tstr(c).c_str());
-  int m = choice3d("suropt", "option", c, {"BOTH", "LINES", "FILL"});
+  int m = listed_keyword("suropt", "option", c, {"BOTH", "LINES", "FILL"});
   if (m >= 0) sol().surface_mode = m;
 }
 
 void setfce(const char *c) {
   mv_tracef("setfce(%s)", mv_tstr(c).c_str());
-  int m = choice3d("setfce", "side", c, {"ALL", "TOP", "BOTTOM"});
+  int m = listed_keyword("setfce", "side", c, {"ALL", "TOP", "BOTTOM"});
   if (m >= 0) sol().face = m;
 }
 
